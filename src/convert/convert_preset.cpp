@@ -1,0 +1,92 @@
+#include "convert/conversion_state.h"
+#include "convert/lut_set.h"
+#include "output/style_document.h"
+
+#include <QSettings>
+#include <QUuid>
+#include <QtDebug>
+
+namespace {
+
+bool is_grayscale(const preset_settings& preset)
+{
+    return value_or(preset.settings, QStringLiteral("ConvertToGrayscale"), QStringLiteral("False"))
+               .toLower() == QLatin1String("true");
+}
+
+// The one place where the colour-space setting turns into behaviour. The literals
+// are compared exactly, case included: any other text gets the identity table, no
+// log line, and the converting treatment of the channel curves.
+colour_strategy choose_strategy(const QString& colour_space, const lut_set& luts)
+{
+    if (colour_space == QLatin1String("adobe")) {
+        qDebug("Using AdobeRGB colorspace (converting)");
+        return {&luts.adobe_rgb(), true, false};
+    }
+    if (colour_space == QLatin1String("srgb")) {
+        qDebug("Using sRGB colorspace (converting)");
+        return {&luts.srgb(), true, false};
+    }
+    if (colour_space == QLatin1String("prophoto")) {
+        qDebug("Using ProPhoto colorspace (some conversion)");
+        return {&luts.identity(), false, false};
+    }
+    if (colour_space == QLatin1String("widegamut")) {
+        qDebug("Using Wide Gamut RGB colorspace (converting)");
+        return {&luts.wide_gamut(), true, false};
+    }
+    if (colour_space == QLatin1String("raw")) {
+        qDebug("Using Wide Gamut RGB colorspace (RAW, some conversion)");
+        return {&luts.wide_gamut(), false, true};
+    }
+    return {&luts.identity(), true, false};
+}
+
+void identify_preset(conversion_state& state)
+{
+    const preset_settings& preset = state.preset;
+    state.values[QStringLiteral("Name")] =
+        preset.name.isEmpty() ? value_or(preset.settings, QStringLiteral("about"), QString())
+                              : preset.name;
+    state.values[QStringLiteral("UUID")] = QUuid::createUuid().toString().mid(1, 36).toUpper();
+}
+
+// Any key of the old process version turns on the old tone stage. The list says
+// "FillLights" although that stage reads "FillLight": a preset whose only old key
+// is FillLight therefore counts as new. Presets converted before rely on that.
+void decide_process(conversion_state& state)
+{
+    static const char* const old_keys[] = {"Brightness", "Clarity",           "Contrast", "Exposure",
+                                           "FillLights", "HighlightRecovery", "Shadows"};
+    for (const char* key : old_keys) {
+        if (state.preset.settings.contains(QLatin1String(key))) {
+            state.old_process = true;
+            return;
+        }
+    }
+}
+
+} // namespace
+
+bool lut_set::convert_preset(const preset_settings& preset, QString* out) const
+{
+    const QString colour_space =
+        QSettings().value(QStringLiteral("colorspace"), QStringLiteral("raw")).toString();
+    return convert_preset(preset, out, colour_space);
+}
+
+bool lut_set::convert_preset(const preset_settings& preset, QString* out,
+                             const QString& colour_space) const
+{
+    conversion_state state{preset, *this, colour_space, {}, is_grayscale(preset), false, {}};
+    state.strategy = choose_strategy(colour_space, *this);
+
+    // The stages, in their fixed order. A later stage's store to a key replaces an
+    // earlier one's, so this order decides, for instance, that the 2012 tone keys
+    // win over the old ones.
+    identify_preset(state);
+    decide_process(state);
+
+    write_style_document(state.values, out);
+    return true;
+}

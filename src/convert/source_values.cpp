@@ -1,0 +1,19 @@
+#include "convert/source_values.h"
+
+std::optional<float> read_number(const preset_settings& preset, const QString& key)
+{
+    if (!preset.settings.contains(key)) {
+        return std::nullopt;
+    }
+    bool ok = false;
+    const float value = value_or(preset.settings, key, QString()).toFloat(&ok);
+    if (!ok) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+float number_or(const preset_settings& preset, const QString& key, const QString& default_text)
+{
+    return value_or(preset.settings, key, default_text).toFloat();
+}

@@ -1,0 +1,142 @@
+#include "support/test_support.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QXmlStreamReader>
+
+namespace test_support {
+
+namespace {
+
+QList<QPair<QtMsgType, QString>>& captured()
+{
+    static QList<QPair<QtMsgType, QString>> messages;
+    return messages;
+}
+
+void capture_handler(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    captured().append({type, message});
+}
+
+const char* prefix_of(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return "Debug: ";
+    case QtInfoMsg:
+        return "Info: ";
+    case QtWarningMsg:
+        return "Warning: ";
+    case QtCriticalMsg:
+        return "Critical: ";
+    case QtFatalMsg:
+        break;
+    }
+    return "Fatal: ";
+}
+
+} // namespace
+
+log_capture::log_capture()
+{
+    captured().clear();
+    previous_ = qInstallMessageHandler(capture_handler);
+}
+
+log_capture::~log_capture()
+{
+    qInstallMessageHandler(previous_);
+}
+
+QStringList log_capture::lines() const
+{
+    QStringList result;
+    for (const auto& entry : captured()) {
+        result << QString::fromLatin1(prefix_of(entry.first)) + entry.second;
+    }
+    return result;
+}
+
+QStringList log_capture::messages(QtMsgType type) const
+{
+    QStringList result;
+    for (const auto& entry : captured()) {
+        if (entry.first == type) {
+            result << entry.second;
+        }
+    }
+    return result;
+}
+
+bool log_capture::contains(QtMsgType type, const QString& text) const
+{
+    return messages(type).contains(text);
+}
+
+void use_test_settings()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("Lookwright"));
+    QSettings().clear();
+}
+
+void set_colour_space(const QString& colour_space)
+{
+    QSettings settings;
+    if (colour_space.isEmpty()) {
+        settings.remove(QStringLiteral("colorspace"));
+    } else {
+        settings.setValue(QStringLiteral("colorspace"), colour_space);
+    }
+}
+
+preset_settings preset_with(std::initializer_list<std::pair<const char*, const char*>> entries)
+{
+    preset_settings preset;
+    for (const auto& entry : entries) {
+        preset.settings.insert(QString::fromUtf8(entry.first), QString::fromUtf8(entry.second));
+    }
+    return preset;
+}
+
+QStringList document_entries(const QString& document)
+{
+    QStringList entries;
+    QXmlStreamReader reader(document);
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isStartElement() && reader.name() == QLatin1String("E")) {
+            const auto attributes = reader.attributes();
+            entries << attributes.value(QLatin1String("K")).toString() + QLatin1Char('=') +
+                           attributes.value(QLatin1String("V")).toString();
+        }
+    }
+    return entries;
+}
+
+QString document_value(const QString& document, const QString& key)
+{
+    const QString prefix = key + QLatin1Char('=');
+    for (const QString& entry : document_entries(document)) {
+        if (entry.startsWith(prefix)) {
+            return entry.mid(prefix.size());
+        }
+    }
+    return QString();
+}
+
+QString write_file(const QString& dir, const QString& name, const QByteArray& contents)
+{
+    const QString path = dir + QLatin1Char('/') + name;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(contents);
+    }
+    return path;
+}
+
+} // namespace test_support

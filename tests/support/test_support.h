@@ -1,0 +1,55 @@
+#pragma once
+
+#include "preset/preset_settings.h"
+
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+
+#include <initializer_list>
+#include <utility>
+
+namespace test_support {
+
+// Collects every log message while it lives, in place of the test framework's
+// handler, so that a test can assert on lines that must not appear as well as
+// those that must. Not nestable.
+class log_capture
+{
+public:
+    log_capture();
+    ~log_capture();
+    log_capture(const log_capture&) = delete;
+    log_capture& operator=(const log_capture&) = delete;
+
+    // "Debug: text", "Warning: text", ... in order of arrival.
+    QStringList lines() const;
+    // The lines of one level, without their prefix.
+    QStringList messages(QtMsgType type) const;
+    bool contains(QtMsgType type, const QString& text) const;
+
+private:
+    QtMessageHandler previous_;
+};
+
+// Names the application for QSettings and clears the settings store of this test
+// process (it lives under the test's own XDG_CONFIG_HOME, set by CTest).
+void use_test_settings();
+
+// Sets the persisted "colorspace" for the conversions that read it; an empty text
+// removes the key.
+void set_colour_space(const QString& colour_space);
+
+// A preset with these settings and nothing else.
+preset_settings preset_with(std::initializer_list<std::pair<const char*, const char*>> entries);
+
+// The values of a style document, key by key, in document order: "K=V".
+QStringList document_entries(const QString& document);
+
+// The V of the entry with this K, or a null string when the document has none.
+QString document_value(const QString& document, const QString& key);
+
+// Writes `contents` to a new file in `dir` and returns its path.
+QString write_file(const QString& dir, const QString& name, const QByteArray& contents);
+
+} // namespace test_support

@@ -1,0 +1,77 @@
+#include "output/stylepack.h"
+
+#include <QByteArray>
+#include <QFileInfo>
+#include <QVector>
+#include <QtDebug>
+
+#include <zip.h>
+
+namespace {
+
+QByteArray zip_code_text(int code)
+{
+    zip_error_t error;
+    zip_error_init_with_code(&error, code);
+    const QByteArray text(zip_error_strerror(&error));
+    zip_error_fini(&error);
+    return text;
+}
+
+} // namespace
+
+void write_stylepack(const QString& path, const QString& format,
+                     const QMap<QString, QString>& stylepack_documents)
+{
+    const QString entry_prefix = format == QLatin1String("stylepack_category")
+                                     ? QFileInfo(path).completeBaseName() + QLatin1Char('/')
+                                     : QString();
+
+    // libzip's buffer sources don't copy and read only when the archive is closed,
+    // so every entry's bytes must stay alive until zip_close.
+    QVector<QByteArray> entry_data;
+    entry_data.reserve(stylepack_documents.size());
+    for (const QString& document : stylepack_documents) {
+        entry_data.append(document.toUtf8());
+    }
+
+    int error_code = 0;
+    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, &error_code);
+    if (archive == nullptr || error_code != 0) {
+        qWarning("libzip zip_open error %d: %s", error_code, zip_code_text(error_code).constData());
+        error_code = 0;
+    }
+
+    int i = 0;
+    for (auto it = stylepack_documents.constBegin(); it != stylepack_documents.constEnd();
+         ++it, ++i) {
+        const QString entry_name = entry_prefix + it.key();
+        qDebug("Key %i: '%s' -> '%s'", i, qUtf8Printable(it.key()), qUtf8Printable(entry_name));
+        const QByteArray& data = entry_data[i];
+        zip_source_t* source = zip_source_buffer_create(
+            data.constData(), static_cast<zip_uint64_t>(data.size()), 0, nullptr);
+        if (source == nullptr) {
+            continue;
+        }
+        // Without an archive there is nothing to add to; the entry is dropped as a
+        // failed add would drop it, and the open failure has been logged already.
+        if (archive == nullptr) {
+            zip_source_free(source);
+            continue;
+        }
+        if (zip_file_add(archive, entry_name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {
+            qWarning("libzip zip_file_add error: %s", zip_strerror(archive));
+            zip_source_free(source);
+        }
+    }
+
+    if (archive != nullptr) {
+        const int close_result = zip_close(archive);
+        if (close_result != 0) {
+            qWarning("libzip zip_close error %d: %s", close_result,
+                     zip_code_text(close_result).constData());
+            // A failed close leaves the archive open; let go of it without writing.
+            zip_discard(archive);
+        }
+    }
+}

@@ -20,7 +20,7 @@ QByteArray zip_code_text(int code)
 
 } // namespace
 
-void write_stylepack(const QString& path, const QString& format,
+bool write_stylepack(const QString& path, const QString& format,
                      const QMap<QString, QString>& stylepack_documents)
 {
     const QString entry_prefix = format == QLatin1String("stylepack_category")
@@ -41,6 +41,7 @@ void write_stylepack(const QString& path, const QString& format,
         qWarning("libzip zip_open error %d: %s", error_code, zip_code_text(error_code).constData());
         error_code = 0;
     }
+    bool complete = archive != nullptr;
 
     int i = 0;
     for (auto it = stylepack_documents.constBegin(); it != stylepack_documents.constEnd();
@@ -51,6 +52,7 @@ void write_stylepack(const QString& path, const QString& format,
         zip_source_t* source = zip_source_buffer_create(
             data.constData(), static_cast<zip_uint64_t>(data.size()), 0, nullptr);
         if (source == nullptr) {
+            complete = false;
             continue;
         }
         // Without an archive there is nothing to add to; the entry is dropped as a
@@ -62,6 +64,7 @@ void write_stylepack(const QString& path, const QString& format,
         if (zip_file_add(archive, entry_name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {
             qWarning("libzip zip_file_add error: %s", zip_strerror(archive));
             zip_source_free(source);
+            complete = false;
         }
     }
 
@@ -72,6 +75,8 @@ void write_stylepack(const QString& path, const QString& format,
                      zip_code_text(close_result).constData());
             // A failed close leaves the archive open; let go of it without writing.
             zip_discard(archive);
+            complete = false;
         }
     }
+    return complete;
 }

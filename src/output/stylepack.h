@@ -7,7 +7,8 @@
 // document, named after its key (the target file name, "Warm.costyle"), in key
 // order. With `format` "stylepack_category" every entry lies in a folder named
 // after the archive's complete base name ("My Looks/Warm.costyle"); any other
-// format writes the entries at the top. Failures are logged, never thrown: the
-// archive is the last step of a run and nothing after it could act on them.
-void write_stylepack(const QString& path, const QString& format,
+// format writes the entries at the top. Failures are logged, never thrown. The
+// result tells whether the archive was written with every entry; the window's run
+// doesn't ask, a batch tool does.
+bool write_stylepack(const QString& path, const QString& format,
                      const QMap<QString, QString>& stylepack_documents);

@@ -147,8 +147,8 @@ void tst_stylepack::existing_archive_replaced()
 {
     const QString path = dir_.filePath(QStringLiteral("again.costylepack"));
     write_stylepack(path, QStringLiteral("stylepack"), documents);
-    write_stylepack(path, QStringLiteral("stylepack"),
-                    {{QStringLiteral("Only.costyle"), QStringLiteral("only")}});
+    QVERIFY(write_stylepack(path, QStringLiteral("stylepack"),
+                            {{QStringLiteral("Only.costyle"), QStringLiteral("only")}}));
     QCOMPARE(names_of(read_archive(path)), QStringList{QStringLiteral("Only.costyle")});
 }
 
@@ -166,7 +166,7 @@ void tst_stylepack::unwritable_path_logs_and_survives()
     QFETCH(QString, path);
     QFETCH(QString, warning);
     const test_support::log_capture log;
-    write_stylepack(path, QStringLiteral("stylepack"), documents);
+    QVERIFY(!write_stylepack(path, QStringLiteral("stylepack"), documents));
     const QStringList warnings = log.messages(QtWarningMsg);
     QCOMPARE(warnings.size(), 1);
     QVERIFY2(warnings.first().startsWith(warning), qPrintable(warnings.first()));

@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 
 export QT_QPA_PLATFORM = offscreen
 
-.PHONY: all deps configure build test format clean
+.PHONY: all deps configure build test bench sanitize format clean
 
 all: build
 
@@ -22,6 +22,21 @@ build: configure
 
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
+
+# Figures for bench/README.md: the core's steps, then the converter end to end.
+bench: build
+	$(BUILD_DIR)/bench/bench_core
+	bench/end_to_end.sh $(BUILD_DIR)/lookwright-convert
+
+# The whole suite again, built with AddressSanitizer and UndefinedBehaviorSanitizer.
+SANITIZE_DIR ?= build-sanitize
+sanitize: deps
+	cmake -S . -B $(SANITIZE_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLOOKWRIGHT_SANITIZE=ON
+	cmake --build $(SANITIZE_DIR) -j $(JOBS)
+	cd $(SANITIZE_DIR) && \
+	ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:abort_on_error=1 \
+	UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+	ctest --output-on-failure -j $(JOBS)
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

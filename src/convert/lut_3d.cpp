@@ -61,7 +61,12 @@ void load_3dl(lut_3d& table, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    QTextStream stream(&file);
+    load_3dl(table, file, path);
+}
+
+void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
+{
+    QTextStream stream(&device);
     table.title.clear();
 
     auto next_line = [&stream]() { return stream.readLine().trimmed().toUtf8().toStdString(); };

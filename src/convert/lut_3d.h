@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QIODevice;
+
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -23,6 +25,9 @@ struct lut_3d
 // Fills `table` from a .3dl text file. A file that can't be opened leaves the table
 // as it is; a malformed one throws orn::exception.
 void load_3dl(lut_3d& table, const QString& path);
+
+// The same for text from an open device; `path` only names it in the log.
+void load_3dl(lut_3d& table, QIODevice& device, const QString& path);
 
 // Trilinear look-up at the levels (a, b, c) of the file's first, second and third
 // column, each 0 to 255. The result is in entry order: [2] is R, [1] G, [0] B.

@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 
 export QT_QPA_PLATFORM = offscreen
 
-.PHONY: all deps configure build test bench sanitize format clean
+.PHONY: all deps configure build test bench sanitize fuzz format clean
 
 all: build
 
@@ -37,6 +37,15 @@ sanitize: deps
 	ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:abort_on_error=1 \
 	UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
 	ctest --output-on-failure -j $(JOBS)
+
+# Every fuzz target for SECONDS seconds, from seeds in tests/data, examples/ and
+# the shared real presets when they are there.
+FUZZ_DIR ?= build-fuzz
+SECONDS ?= 60
+fuzz: deps
+	CXX=clang++ cmake -S . -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLOOKWRIGHT_FUZZ=ON -DLOOKWRIGHT_TESTS=OFF
+	cmake --build $(FUZZ_DIR) -j $(JOBS)
+	fuzz/run.sh $(FUZZ_DIR) $(SECONDS)
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

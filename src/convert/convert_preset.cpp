@@ -1,6 +1,7 @@
 #include "convert/conversion_state.h"
 #include "convert/lut_set.h"
 #include "convert/monochrome_mix.h"
+#include "convert/split_toning.h"
 #include "output/style_document.h"
 
 #include <QSettings>
@@ -90,6 +91,7 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     if (state.grayscale) {
         mix_monochrome(state);
     }
+    map_split_toning(state);
 
     write_style_document(state.values, out);
     return true;

@@ -1,5 +1,7 @@
 #include "convert/conversion_state.h"
 #include "convert/lut_set.h"
+#include "convert/monochrome_mix.h"
+#include "convert/split_toning.h"
 #include "output/style_document.h"
 
 #include <QSettings>
@@ -86,6 +88,10 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // win over the old ones.
     identify_preset(state);
     decide_process(state);
+    if (state.grayscale) {
+        mix_monochrome(state);
+    }
+    map_split_toning(state);
 
     write_style_document(state.values, out);
     return true;

@@ -29,6 +29,13 @@ public:
     bool convert_preset(const preset_settings& preset, QString* out,
                         const QString& colour_space) const;
 
+    // Tells whether the preset holds settings that a style can't carry faithfully;
+    // sets a flag to true and never back, so the caller clears them first. White
+    // balance and the colour table count when a key is present at all, calibration
+    // only when one of its values reads as other than 0.
+    void inspect_preset(const preset_settings& preset, bool& has_white_balance, bool& has_rgb_table,
+                        bool& has_calibration) const;
+
 private:
     std::shared_ptr<const lut_3d> adobe_rgb_;
     std::shared_ptr<const lut_3d> srgb_;

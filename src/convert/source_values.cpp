@@ -15,5 +15,9 @@ std::optional<float> read_number(const preset_settings& preset, const QString& k
 
 float number_or(const preset_settings& preset, const QString& key, const QString& default_text)
 {
-    return value_or(preset.settings, key, default_text).toFloat();
+    // toFloat reports failure but still returns infinity for an overflowing text
+    // ("1e39"); a text that doesn't parse counts as 0, whatever the reason.
+    bool ok = false;
+    const float value = value_or(preset.settings, key, default_text).toFloat(&ok);
+    return ok ? value : 0.0f;
 }

@@ -12,5 +12,5 @@
 std::optional<float> read_number(const preset_settings& preset, const QString& key);
 
 // The value of `key`, or of `default_text` when the key is absent; a text that
-// does not parse counts as 0.
+// does not parse (an overflowing one included) counts as 0.
 float number_or(const preset_settings& preset, const QString& key, const QString& default_text);

@@ -84,9 +84,9 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // The stages, in their fixed order. A later stage's store to a key replaces an
     // earlier one's, so this order decides, for instance, that the 2012 tone keys
     // win over the old ones.
-    identify_preset(state);
-    decide_process(state);
+    identify_preset(state);   // 1
+    decide_process(state);    // 2
 
-    write_style_document(state.values, out);
+    write_style_document(state.values, out); // 16
     return true;
 }

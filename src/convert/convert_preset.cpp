@@ -1,5 +1,6 @@
 #include "convert/conversion_state.h"
 #include "convert/lut_set.h"
+#include "convert/white_balance.h"
 #include "output/style_document.h"
 
 #include <QSettings>
@@ -86,6 +87,7 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // win over the old ones.
     identify_preset(state);   // 1
     decide_process(state);    // 2
+    map_white_balance(state); // 3
 
     write_style_document(state.values, out); // 16
     return true;

@@ -1,5 +1,6 @@
 #include "convert/conversion_state.h"
 #include "convert/lut_set.h"
+#include "convert/tone_mapping.h"
 #include "convert/white_balance.h"
 #include "output/style_document.h"
 
@@ -88,6 +89,11 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     identify_preset(state);   // 1
     decide_process(state);    // 2
     map_white_balance(state); // 3
+    if (state.old_process) {
+        map_old_tone(state); // 4
+    }
+    map_tone_2012(state);  // 5
+    map_clarity(state);    // 6
 
     write_style_document(state.values, out); // 16
     return true;

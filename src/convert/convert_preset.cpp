@@ -1,3 +1,4 @@
+#include "convert/colour_editor.h"
 #include "convert/conversion_state.h"
 #include "convert/lut_set.h"
 #include "convert/tone_mapping.h"
@@ -94,6 +95,11 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     }
     map_tone_2012(state);  // 5
     map_clarity(state);    // 6
+    map_saturation(state); // 7
+
+    // 8 to 10: curves, monochrome mix, split toning and parametric sliders.
+
+    map_colour_editor(state); // 11
 
     write_style_document(state.values, out); // 16
     return true;

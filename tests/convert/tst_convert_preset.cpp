@@ -50,14 +50,16 @@ void tst_convert_preset::name_only_document()
     const QString uuid = document_value(document, QStringLiteral("UUID"));
     QVERIFY2(uuid_form.match(uuid).hasMatch(), qPrintable(uuid));
 
-    const QString expected = QStringLiteral("<?xml version=\"1.0\"?>\n"
-                                            "<SL Engine=\"900\">\n"
-                                            "    <E K=\"Name\" V=\"Warm &amp; Soft\"/>\n"
-                                            "    <E K=\"UUID\" V=\"%1\"/>\n"
-                                            "</SL>\n")
-                                 .arg(uuid);
-    QEXPECT_FAIL("", "ColorCorrections arrives with the colour editor stage", Continue);
-    QVERIFY(document.contains(QStringLiteral("K=\"ColorCorrections\"")));
+    const QString expected =
+        QStringLiteral("<?xml version=\"1.0\"?>\n"
+                       "<SL Engine=\"900\">\n"
+                       "    <E K=\"ColorCorrections\" "
+                       "V=\"1,1,2,2.36563158035278,-15.9744558334351,0,174,139,97,0,25,"
+                       "-42.1264381408691,25.6254768371582,25,0,0,0,0\"/>\n"
+                       "    <E K=\"Name\" V=\"Warm &amp; Soft\"/>\n"
+                       "    <E K=\"UUID\" V=\"%1\"/>\n"
+                       "</SL>\n")
+            .arg(uuid);
     QCOMPARE(document, expected);
 }
 

@@ -1,5 +1,6 @@
 #include "convert/colour_editor.h"
 #include "convert/conversion_state.h"
+#include "convert/detail_effects.h"
 #include "convert/lut_set.h"
 #include "convert/tone_mapping.h"
 #include "convert/white_balance.h"
@@ -100,6 +101,10 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // 8 to 10: curves, monochrome mix, split toning and parametric sliders.
 
     map_colour_editor(state); // 11
+    map_detail(state);        // 12
+    map_vignette(state);      // 13
+    map_grain(state);         // 14
+    map_dehaze(state);        // 15
 
     write_style_document(state.values, out); // 16
     return true;

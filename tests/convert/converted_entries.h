@@ -1,7 +1,8 @@
 #pragma once
 
 // Helpers for the stage tests: presets and expectations written as "Key=Value"
-// lists, so that a data row reads like the settings it converts.
+// entries separated by blanks (no key or value of a style holds one), so that a
+// data row reads like the settings it converts.
 
 #include "convert/lut_set.h"
 #include "support/test_support.h"
@@ -21,6 +22,11 @@ inline preset_settings preset_from(const QStringList& entries)
     return preset;
 }
 
+inline QStringList words(const QString& text)
+{
+    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 inline QString convert(const preset_settings& preset, const QString& colour_space)
 {
     const lut_set luts;
@@ -31,7 +37,7 @@ inline QString convert(const preset_settings& preset, const QString& colour_spac
 
 // The document's entries without the three that every style holds (Name, UUID,
 // ColorCorrections): what the other stages wrote, in document order.
-inline QStringList stage_entries(const QString& document)
+inline QStringList stage_entries_in(const QString& document)
 {
     QStringList entries;
     for (const QString& entry : test_support::document_entries(document)) {
@@ -44,9 +50,11 @@ inline QStringList stage_entries(const QString& document)
     return entries;
 }
 
-inline QStringList stage_entries(const QStringList& settings, const QString& colour_space)
+// The entries the stages write for these blank-separated settings, joined by blanks.
+inline QString stage_entries(const QString& settings, const QString& colour_space)
 {
-    return stage_entries(convert(preset_from(settings), colour_space));
+    return stage_entries_in(convert(preset_from(words(settings)), colour_space))
+        .join(QLatin1Char(' '));
 }
 
 } // namespace converted_entries

@@ -1,5 +1,3 @@
-#include "convert/colour_editor.h"
-#include "convert/number_text.h"
 #include "converted_entries.h"
 #include "support/test_support.h"
 
@@ -8,6 +6,7 @@
 using converted_entries::convert;
 using converted_entries::preset_from;
 using converted_entries::stage_entries;
+using converted_entries::words;
 
 namespace {
 
@@ -15,10 +14,12 @@ const QString closing_record =
     QStringLiteral("1,1,2,2.36563158035278,-15.9744558334351,0,174,139,97,0,25,-42.1264381408691,"
                    "25.6254768371582,25,0,0,0,0");
 
-QString colour_corrections(const QStringList& settings)
+// ColorCorrections for these blank-separated settings.
+QString colour_corrections(const QString& settings)
 {
-    return test_support::document_value(convert(preset_from(settings), QStringLiteral("raw")),
-                                        QStringLiteral("ColorCorrections"));
+    return test_support::document_value(
+        convert(preset_from(words(settings)), QStringLiteral("raw")),
+        QStringLiteral("ColorCorrections"));
 }
 
 // Fields 4 to 6 of a record: its three shifts.
@@ -48,24 +49,22 @@ private slots:
     void record_layout();
     void shifts_data();
     void shifts();
-    void reading_adjustments_data();
-    void reading_adjustments();
     void saturation_data();
     void saturation();
 };
 
 void tst_colour_editor::closing_record_alone_data()
 {
-    QTest::addColumn<QStringList>("settings");
-    QTest::newRow("no source key") << QStringList();
-    QTest::newRow("only keys of other stages") << QStringList{"Saturation=50", "Exposure2012=1"};
-    QTest::newRow("unreadable slider alone") << QStringList{"HueAdjustmentRed=warm"};
-    QTest::newRow("key names are case-sensitive") << QStringList{"HueAdjustmentred=10"};
+    QTest::addColumn<QString>("settings");
+    QTest::newRow("no source key") << "";
+    QTest::newRow("only keys of other stages") << "Saturation=50 Exposure2012=1";
+    QTest::newRow("unreadable slider alone") << "HueAdjustmentRed=warm";
+    QTest::newRow("key names are case-sensitive") << "HueAdjustmentred=10";
 }
 
 void tst_colour_editor::closing_record_alone()
 {
-    QFETCH(QStringList, settings);
+    QFETCH(QString, settings);
     QCOMPARE(colour_corrections(settings), closing_record);
 }
 
@@ -97,7 +96,7 @@ void tst_colour_editor::full_value_with_vibrance()
         "5.4552001953125,-78.3468780517578,21.6531219482422,20.9790744781494,0,0,0,0;"
         "1,1,2,2.36563158035278,-15.9744558334351,0,174,139,97,0,25,-42.1264381408691,"
         "25.6254768371582,25,0,0,0,0");
-    QCOMPARE(colour_corrections({"Vibrance=100", "HueAdjustmentRed=0"}), expected);
+    QCOMPARE(colour_corrections(QStringLiteral("Vibrance=100 HueAdjustmentRed=0")), expected);
 }
 
 // The carried constants keep the shape of the style's records: 18 fields, the
@@ -105,7 +104,8 @@ void tst_colour_editor::full_value_with_vibrance()
 void tst_colour_editor::record_layout()
 {
     const QStringList records =
-        colour_corrections({"Vibrance=-30", "SaturationAdjustmentBlue=10"}).split(QLatin1Char(';'));
+        colour_corrections(QStringLiteral("Vibrance=-30 SaturationAdjustmentBlue=10"))
+            .split(QLatin1Char(';'));
     QCOMPARE(records.size(), 7 + 8 + 1);
     for (int i = 0; i < records.size(); ++i) {
         const QStringList fields = records[i].split(QLatin1Char(','));
@@ -126,109 +126,83 @@ void tst_colour_editor::record_layout()
 
 void tst_colour_editor::shifts_data()
 {
-    QTest::addColumn<QStringList>("settings");
+    QTest::addColumn<QString>("settings");
     // Field 5 of the vibrance record, or empty when the value has no vibrance block.
     QTest::addColumn<QString>("vibrance");
-    // The shifts of the eight slider records, red to magenta.
-    QTest::addColumn<QStringList>("expected");
+    // The shifts of the eight slider records, red to magenta, blank-separated.
+    QTest::addColumn<QString>("expected");
 
-    const auto with = [&](int index, const QString& triple) {
-        QStringList records = unmoved();
-        records[index] = triple;
-        return records;
+    const auto row = [](const char* name, const char* settings, const char* vibrance,
+                        const QString& expected) {
+        QTest::newRow(name) << QString(settings) << QString(vibrance) << expected;
     };
+    // Only the record at `index` moved.
+    const auto moved = [](int index, const char* triple) {
+        QStringList records = unmoved();
+        records[index] = QLatin1String(triple);
+        return records.join(QLatin1Char(' '));
+    };
+    const QString none = unmoved().join(QLatin1Char(' '));
     const int red = 0, orange = 1, aqua = 4, purple = 6, magenta = 7;
 
-    QTest::newRow("one zero slider gives all eight records")
-        << QStringList{"HueAdjustmentRed=0"} << QString() << unmoved();
-    QTest::newRow("orange saturation +100")
-        << QStringList{"SaturationAdjustmentOrange=100"} << QString()
-        << with(orange, "0.000000,22.000000,0.000000");
-    QTest::newRow("orange saturation -100")
-        << QStringList{"SaturationAdjustmentOrange=-100"} << QString()
-        << with(orange, "0.000000,-50.000000,0.000000");
-    QTest::newRow("orange saturation above 100")
-        << QStringList{"SaturationAdjustmentOrange=150"} << QString()
-        << with(orange, "0.000000,22.000000,0.000000");
-    QTest::newRow("orange saturation below -100")
-        << QStringList{"SaturationAdjustmentOrange=-150"} << QString()
-        << with(orange, "0.000000,-50.000000,0.000000");
-    QTest::newRow("orange saturation just below 100")
-        << QStringList{"SaturationAdjustmentOrange=99.5"} << QString()
-        << with(orange, "0.000000,21.889999,0.000000");
-    QTest::newRow("orange saturation just above -100")
-        << QStringList{"SaturationAdjustmentOrange=-99.5"} << QString()
-        << with(orange, "0.000000,-49.750000,0.000000");
-    QTest::newRow("orange saturation 50")
-        << QStringList{"SaturationAdjustmentOrange=50"} << QString()
-        << with(orange, "0.000000,11.000000,0.000000");
-    QTest::newRow("orange saturation -50")
-        << QStringList{"SaturationAdjustmentOrange=-50"} << QString()
-        << with(orange, "0.000000,-25.000000,0.000000");
-    QTest::newRow("orange luminance -50")
-        << QStringList{"LuminanceAdjustmentOrange=-50"} << QString()
-        << with(orange, "0.000000,0.000000,-2.200000");
-    QTest::newRow("magenta luminance 100")
-        << QStringList{"LuminanceAdjustmentMagenta=100"} << QString()
-        << with(magenta, "0.000000,0.000000,4.600000");
-    QTest::newRow("aqua luminance 33") << QStringList{"LuminanceAdjustmentAqua=33"} << QString()
-                                       << with(aqua, "0.000000,0.000000,1.089000");
-    QTest::newRow("purple luminance -10")
-        << QStringList{"LuminanceAdjustmentPurple=-10"} << QString()
-        << with(purple, "0.000000,0.000000,-0.700000");
-    QTest::newRow("red hue -100 and +sign")
-        << QStringList{"HueAdjustmentRed=-100", "LuminanceAdjustmentRed=+100"} << QString()
-        << with(red, "-30.000000,0.000000,3.000000");
-    QTest::newRow("every slider, mixed signs")
-        << QStringList{"HueAdjustmentRed=10",
-                       "SaturationAdjustmentRed=-20",
-                       "LuminanceAdjustmentRed=30",
-                       "HueAdjustmentOrange=-40",
-                       "SaturationAdjustmentOrange=50",
-                       "LuminanceAdjustmentOrange=-60",
-                       "HueAdjustmentYellow=70",
-                       "SaturationAdjustmentYellow=-80",
-                       "LuminanceAdjustmentYellow=90",
-                       "HueAdjustmentGreen=-15",
-                       "SaturationAdjustmentGreen=25",
-                       "LuminanceAdjustmentGreen=-35",
-                       "HueAdjustmentAqua=45",
-                       "SaturationAdjustmentAqua=-55",
-                       "LuminanceAdjustmentAqua=65",
-                       "HueAdjustmentBlue=-75",
-                       "SaturationAdjustmentBlue=85",
-                       "LuminanceAdjustmentBlue=-95",
-                       "HueAdjustmentPurple=5",
-                       "SaturationAdjustmentPurple=-5",
-                       "LuminanceAdjustmentPurple=100",
-                       "HueAdjustmentMagenta=-100",
-                       "SaturationAdjustmentMagenta=100",
-                       "LuminanceAdjustmentMagenta=-1"}
-        << QString()
-        << QStringList{"3.000000,-12.000000,0.900000",  "-12.000000,11.000000,-2.640000",
-                       "21.000000,-64.000000,4.500000", "-4.500000,13.750000,-1.750000",
-                       "13.500000,-29.700001,2.145000", "-22.500000,42.500000,-4.750000",
-                       "1.500000,-5.000000,6.300000",   "-30.000000,60.000000,-0.080000"};
+    row("one zero slider: all eight records", "HueAdjustmentRed=0", "", none);
+    row("orange saturation 100", "SaturationAdjustmentOrange=100", "",
+        moved(orange, "0.000000,22.000000,0.000000"));
+    row("orange saturation -100", "SaturationAdjustmentOrange=-100", "",
+        moved(orange, "0.000000,-50.000000,0.000000"));
+    row("orange saturation above 100", "SaturationAdjustmentOrange=150", "",
+        moved(orange, "0.000000,22.000000,0.000000"));
+    row("orange saturation below -100", "SaturationAdjustmentOrange=-150", "",
+        moved(orange, "0.000000,-50.000000,0.000000"));
+    row("orange saturation just below 100", "SaturationAdjustmentOrange=99.5", "",
+        moved(orange, "0.000000,21.889999,0.000000"));
+    row("orange saturation just above -100", "SaturationAdjustmentOrange=-99.5", "",
+        moved(orange, "0.000000,-49.750000,0.000000"));
+    row("orange saturation 50", "SaturationAdjustmentOrange=50", "",
+        moved(orange, "0.000000,11.000000,0.000000"));
+    row("orange saturation -50", "SaturationAdjustmentOrange=-50", "",
+        moved(orange, "0.000000,-25.000000,0.000000"));
+    row("orange luminance -50", "LuminanceAdjustmentOrange=-50", "",
+        moved(orange, "0.000000,0.000000,-2.200000"));
+    row("magenta luminance 100", "LuminanceAdjustmentMagenta=100", "",
+        moved(magenta, "0.000000,0.000000,4.600000"));
+    row("aqua luminance 33", "LuminanceAdjustmentAqua=33", "",
+        moved(aqua, "0.000000,0.000000,1.089000"));
+    row("purple luminance -10", "LuminanceAdjustmentPurple=-10", "",
+        moved(purple, "0.000000,0.000000,-0.700000"));
+    row("red hue -100, plus sign", "HueAdjustmentRed=-100 LuminanceAdjustmentRed=+100", "",
+        moved(red, "-30.000000,0.000000,3.000000"));
+    row("every slider, mixed signs",
+        "HueAdjustmentRed=10 SaturationAdjustmentRed=-20 LuminanceAdjustmentRed=30 "
+        "HueAdjustmentOrange=-40 SaturationAdjustmentOrange=50 LuminanceAdjustmentOrange=-60 "
+        "HueAdjustmentYellow=70 SaturationAdjustmentYellow=-80 LuminanceAdjustmentYellow=90 "
+        "HueAdjustmentGreen=-15 SaturationAdjustmentGreen=25 LuminanceAdjustmentGreen=-35 "
+        "HueAdjustmentAqua=45 SaturationAdjustmentAqua=-55 LuminanceAdjustmentAqua=65 "
+        "HueAdjustmentBlue=-75 SaturationAdjustmentBlue=85 LuminanceAdjustmentBlue=-95 "
+        "HueAdjustmentPurple=5 SaturationAdjustmentPurple=-5 LuminanceAdjustmentPurple=100 "
+        "HueAdjustmentMagenta=-100 SaturationAdjustmentMagenta=100 LuminanceAdjustmentMagenta=-1",
+        "",
+        "3.000000,-12.000000,0.900000 -12.000000,11.000000,-2.640000 "
+        "21.000000,-64.000000,4.500000 -4.500000,13.750000,-1.750000 "
+        "13.500000,-29.700001,2.145000 -22.500000,42.500000,-4.750000 "
+        "1.500000,-5.000000,6.300000 -30.000000,60.000000,-0.080000");
 
-    QTest::newRow("vibrance 100") << QStringList{"Vibrance=100"} << "80.000000" << unmoved();
-    QTest::newRow("vibrance above 100") << QStringList{"Vibrance=101"} << "80.000000" << unmoved();
-    QTest::newRow("vibrance -100") << QStringList{"Vibrance=-100"} << "-80.000000" << unmoved();
-    QTest::newRow("vibrance 20") << QStringList{"Vibrance=20"} << "16.000000" << unmoved();
-    QTest::newRow("vibrance -7") << QStringList{"Vibrance=-7"} << "-5.599998" << unmoved();
-    QTest::newRow("vibrance 0: records, no block")
-        << QStringList{"Vibrance=0"} << QString() << unmoved();
-    QTest::newRow("unreadable vibrance still counts")
-        << QStringList{"Vibrance=lively"} << QString() << unmoved();
-    QTest::newRow("vibrance with a slider")
-        << QStringList{"Vibrance=-100", "HueAdjustmentMagenta=50"} << "-80.000000"
-        << with(magenta, "15.000000,0.000000,0.000000");
+    row("vibrance 100", "Vibrance=100", "80.000000", none);
+    row("vibrance above 100", "Vibrance=101", "80.000000", none);
+    row("vibrance -100", "Vibrance=-100", "-80.000000", none);
+    row("vibrance 20", "Vibrance=20", "16.000000", none);
+    row("vibrance -7", "Vibrance=-7", "-5.599998", none);
+    row("vibrance 0: records, no block", "Vibrance=0", "", none);
+    row("unreadable vibrance still counts", "Vibrance=lively", "", none);
+    row("vibrance with a slider", "Vibrance=-100 HueAdjustmentMagenta=50", "-80.000000",
+        moved(magenta, "15.000000,0.000000,0.000000"));
 }
 
 void tst_colour_editor::shifts()
 {
-    QFETCH(QStringList, settings);
+    QFETCH(QString, settings);
     QFETCH(QString, vibrance);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, expected);
     QStringList records = colour_corrections(settings).split(QLatin1Char(';'));
     QCOMPARE(records.takeLast(), closing_record);
     if (!vibrance.isEmpty()) {
@@ -240,62 +214,25 @@ void tst_colour_editor::shifts()
     for (const QString& record : records) {
         produced.append(record_shifts(record));
     }
-    QCOMPARE(produced, expected);
-}
-
-void tst_colour_editor::reading_adjustments_data()
-{
-    QTest::addColumn<QString>("colour");
-    QTest::addColumn<QStringList>("settings");
-    QTest::addColumn<bool>("flag_before");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<bool>("flag_after");
-
-    QTest::newRow("three keys") << "aqua"
-                                << QStringList{"HueAdjustmentAqua=1", "SaturationAdjustmentAqua=-2",
-                                               "LuminanceAdjustmentAqua=3.5"}
-                                << false << "1.000000 -2.000000 3.500000" << true;
-    QTest::newRow("other colours are not read") << "aqua" << QStringList{"HueAdjustmentBlue=1"}
-                                                << false << "0.000000 0.000000 0.000000" << false;
-    QTest::newRow("a zero sets the flag") << "purple" << QStringList{"LuminanceAdjustmentPurple=0"}
-                                          << false << "0.000000 0.000000 0.000000" << true;
-    QTest::newRow("unreadable gives 0, flag untouched")
-        << "green" << QStringList{"HueAdjustmentGreen=x", "SaturationAdjustmentGreen="} << false
-        << "0.000000 0.000000 0.000000" << false;
-    QTest::newRow("a set flag stays set")
-        << "green" << QStringList() << true << "0.000000 0.000000 0.000000" << true;
-}
-
-void tst_colour_editor::reading_adjustments()
-{
-    QFETCH(QString, colour);
-    QFETCH(QStringList, settings);
-    QFETCH(bool, flag_before);
-    QFETCH(QString, expected);
-    QFETCH(bool, flag_after);
-    bool flag = flag_before;
-    const colour_adjustments read = read_colour_adjustments(preset_from(settings), colour, flag);
-    QCOMPARE(QStringList(
-                 {six_decimal(read.hue), six_decimal(read.saturation), six_decimal(read.luminance)})
-                 .join(QLatin1Char(' ')),
-             expected);
-    QCOMPARE(flag, flag_after);
+    QCOMPARE(produced.join(QLatin1Char(' ')), expected);
 }
 
 void tst_colour_editor::saturation_data()
 {
-    QTest::addColumn<QStringList>("settings");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("50") << QStringList{"Saturation=50"} << QStringList{"Saturation=50.000000"};
-    QTest::newRow("not cut") << QStringList{"Saturation=-150"}
-                             << QStringList{"Saturation=-150.000000"};
-    QTest::newRow("no number") << QStringList{"Saturation=vivid"} << QStringList();
+    QTest::addColumn<QString>("settings");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("50") << "Saturation=50"
+                        << "Saturation=50.000000";
+    QTest::newRow("not cut") << "Saturation=-150"
+                             << "Saturation=-150.000000";
+    QTest::newRow("no number") << "Saturation=vivid"
+                               << "";
 }
 
 void tst_colour_editor::saturation()
 {
-    QFETCH(QStringList, settings);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, settings);
+    QFETCH(QString, expected);
     QCOMPARE(stage_entries(settings, QStringLiteral("raw")), expected);
 }
 

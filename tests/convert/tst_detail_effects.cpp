@@ -8,12 +8,19 @@ using converted_entries::stage_entries;
 namespace {
 
 const QString dehaze_colour =
-    QStringLiteral("DehazeColor=0.211999446153641;0.391483038663864;0.239516332745552");
+    QStringLiteral(" DehazeColor=0.211999446153641;0.391483038663864;0.239516332745552");
 
-QStringList grain(const char* type)
+// The four grain keys for an amount of 25.
+QString grain(const char* type)
 {
-    return {QStringLiteral("FilmGrainAmount=25.000000"), QStringLiteral("FilmGrainDensity=0"),
-            QStringLiteral("FilmGrainGranularity=50"), QStringLiteral("FilmGrainType=") + type};
+    return QStringLiteral("FilmGrainAmount=25.000000 FilmGrainDensity=0 FilmGrainGranularity=50 "
+                          "FilmGrainType=%1")
+        .arg(QLatin1String(type));
+}
+
+void row(const char* name, const char* settings, const QString& expected)
+{
+    QTest::newRow(name) << QString(settings) << expected;
 }
 
 } // namespace
@@ -30,91 +37,64 @@ private slots:
 
 void tst_detail_effects::effects_data()
 {
-    QTest::addColumn<QStringList>("settings");
-    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<QString>("settings");
+    QTest::addColumn<QString>("expected");
 
-    // Detail: straight copies.
-    QTest::newRow("detail copies, uncut")
-        << QStringList{"Sharpness=150", "SharpenRadius=1.2", "LuminanceSmoothing=-5",
-                       "ColorNoiseReduction=+25", "LuminanceNoiseReductionDetail=50"}
-        << QStringList{"CnrAmount=25.000000", "NoiseDetailsAmount=50.000000", "NrAmount=-5.000000",
-                       "UsmAmount=150.000000", "UsmRadius=1.200000"};
-    QTest::newRow("unreadable detail left out")
-        << QStringList{"Sharpness=crisp", "SharpenRadius=1"} << QStringList{"UsmRadius=1.000000"};
+    row("detail copies, uncut",
+        "Sharpness=150 SharpenRadius=1.2 LuminanceSmoothing=-5 ColorNoiseReduction=+25 "
+        "LuminanceNoiseReductionDetail=50",
+        "CnrAmount=25.000000 NoiseDetailsAmount=50.000000 NrAmount=-5.000000 "
+        "UsmAmount=150.000000 UsmRadius=1.200000");
+    row("unreadable detail left out", "Sharpness=crisp SharpenRadius=1", "UsmRadius=1.000000");
 
-    // Vignette: both keys needed, both readable.
-    QTest::newRow("vignette -30, round 0")
-        << QStringList{"PostCropVignetteAmount=-30", "PostCropVignetteRoundness=0"}
-        << QStringList{"Vignetting=-2.000000|1|0|1"};
-    QTest::newRow("vignette 60, round 30")
-        << QStringList{"PostCropVignetteAmount=60", "PostCropVignetteRoundness=30"}
-        << QStringList{"Vignetting=4.000000|1|0|0"};
-    QTest::newRow("vignette 100 is cut")
-        << QStringList{"PostCropVignetteAmount=100", "PostCropVignetteRoundness=29.5"}
-        << QStringList{"Vignetting=4.000000|1|0|1"};
-    QTest::newRow("vignette -60") << QStringList{"PostCropVignetteAmount=-60",
-                                                 "PostCropVignetteRoundness=-100"}
-                                  << QStringList{"Vignetting=-4.000000|1|0|1"};
-    QTest::newRow("vignette below -60")
-        << QStringList{"PostCropVignetteAmount=-61", "PostCropVignetteRoundness=150"}
-        << QStringList{"Vignetting=-4.000000|1|0|0"};
-    QTest::newRow("vignette -45") << QStringList{"PostCropVignetteAmount=-45",
-                                                 "PostCropVignetteRoundness=100"}
-                                  << QStringList{"Vignetting=-3.000000|1|0|0"};
-    QTest::newRow("vignette amount alone")
-        << QStringList{"PostCropVignetteAmount=-30"} << QStringList();
-    QTest::newRow("vignette roundness alone")
-        << QStringList{"PostCropVignetteRoundness=0"} << QStringList();
-    QTest::newRow("vignette with unreadable roundness")
-        << QStringList{"PostCropVignetteAmount=-30", "PostCropVignetteRoundness=oval"}
-        << QStringList();
+    row("vignette -30, round 0", "PostCropVignetteAmount=-30 PostCropVignetteRoundness=0",
+        "Vignetting=-2.000000|1|0|1");
+    row("vignette 60, round 30", "PostCropVignetteAmount=60 PostCropVignetteRoundness=30",
+        "Vignetting=4.000000|1|0|0");
+    row("vignette 100 cut, round 29.5", "PostCropVignetteAmount=100 PostCropVignetteRoundness=29.5",
+        "Vignetting=4.000000|1|0|1");
+    row("vignette -60", "PostCropVignetteAmount=-60 PostCropVignetteRoundness=-100",
+        "Vignetting=-4.000000|1|0|1");
+    row("vignette below -60, round above 100",
+        "PostCropVignetteAmount=-61 PostCropVignetteRoundness=150", "Vignetting=-4.000000|1|0|0");
+    row("vignette -45", "PostCropVignetteAmount=-45 PostCropVignetteRoundness=100",
+        "Vignetting=-3.000000|1|0|0");
+    row("vignette amount alone", "PostCropVignetteAmount=-30", "");
+    row("vignette roundness alone", "PostCropVignetteRoundness=0", "");
+    row("vignette roundness unreadable",
+        "PostCropVignetteAmount=-30 PostCropVignetteRoundness=oval", "");
 
-    // Grain: the type from the size, never type 3.
-    QTest::newRow("grain size 0") << QStringList{"GrainAmount=25", "GrainSize=0"} << grain("0");
-    QTest::newRow("grain size 10") << QStringList{"GrainAmount=25", "GrainSize=10"} << grain("0");
-    QTest::newRow("grain size 10.5")
-        << QStringList{"GrainAmount=25", "GrainSize=10.5"} << grain("1");
-    QTest::newRow("grain size 22") << QStringList{"GrainAmount=25", "GrainSize=22"} << grain("1");
-    QTest::newRow("grain size 22.5")
-        << QStringList{"GrainAmount=25", "GrainSize=22.5"} << grain("2");
-    QTest::newRow("grain size 30") << QStringList{"GrainAmount=25", "GrainSize=30"} << grain("2");
-    QTest::newRow("grain size 30.5")
-        << QStringList{"GrainAmount=25", "GrainSize=30.5"} << grain("4");
-    QTest::newRow("grain size 45") << QStringList{"GrainAmount=25", "GrainSize=45"} << grain("4");
-    QTest::newRow("grain size 46") << QStringList{"GrainAmount=25", "GrainSize=46"} << grain("5");
-    QTest::newRow("grain size above 100")
-        << QStringList{"GrainAmount=25", "GrainSize=150"} << grain("5");
-    QTest::newRow("grain amount alone") << QStringList{"GrainAmount=25"} << QStringList();
-    QTest::newRow("grain size alone") << QStringList{"GrainSize=25"} << QStringList();
-    QTest::newRow("unreadable grain size")
-        << QStringList{"GrainAmount=25", "GrainSize=fine"} << QStringList();
-    QTest::newRow("unreadable grain amount keeps the rest")
-        << QStringList{"GrainAmount=lots", "GrainSize=25"}
-        << QStringList{"FilmGrainDensity=0", "FilmGrainGranularity=50", "FilmGrainType=2"};
+    row("grain size 0", "GrainAmount=25 GrainSize=0", grain("0"));
+    row("grain size 10", "GrainAmount=25 GrainSize=10", grain("0"));
+    row("grain size 10.5", "GrainAmount=25 GrainSize=10.5", grain("1"));
+    row("grain size 22", "GrainAmount=25 GrainSize=22", grain("1"));
+    row("grain size 22.5", "GrainAmount=25 GrainSize=22.5", grain("2"));
+    row("grain size 30", "GrainAmount=25 GrainSize=30", grain("2"));
+    row("grain size 30.5, no type 3", "GrainAmount=25 GrainSize=30.5", grain("4"));
+    row("grain size 45", "GrainAmount=25 GrainSize=45", grain("4"));
+    row("grain size 46", "GrainAmount=25 GrainSize=46", grain("5"));
+    row("grain size above 100", "GrainAmount=25 GrainSize=150", grain("5"));
+    row("grain amount alone", "GrainAmount=25", "");
+    row("grain size alone", "GrainSize=25", "");
+    row("grain size unreadable", "GrainAmount=25 GrainSize=fine", "");
+    row("grain amount unreadable", "GrainAmount=lots GrainSize=25",
+        "FilmGrainDensity=0 FilmGrainGranularity=50 FilmGrainType=2");
 
-    // Dehaze: half upward, double downward, a colour only downward.
-    QTest::newRow("dehaze 0") << QStringList{"Dehaze=0"} << QStringList{"DehazeAmount=0.000000"};
-    QTest::newRow("dehaze 40") << QStringList{"Dehaze=40"} << QStringList{"DehazeAmount=20.000000"};
-    QTest::newRow("dehaze 199") << QStringList{"Dehaze=199"}
-                                << QStringList{"DehazeAmount=99.500000"};
-    QTest::newRow("dehaze 300 is cut")
-        << QStringList{"Dehaze=300"} << QStringList{"DehazeAmount=100.000000"};
-    QTest::newRow("dehaze -10") << QStringList{"Dehaze=-10"}
-                                << QStringList{"DehazeAmount=-20.000000", dehaze_colour};
-    QTest::newRow("dehaze -49.9") << QStringList{"Dehaze=-49.9"}
-                                  << QStringList{"DehazeAmount=-99.800003", dehaze_colour};
-    QTest::newRow("dehaze -50") << QStringList{"Dehaze=-50"}
-                                << QStringList{"DehazeAmount=-100.000000", dehaze_colour};
-    QTest::newRow("dehaze -80 is cut")
-        << QStringList{"Dehaze=-80"} << QStringList{"DehazeAmount=-100.000000", dehaze_colour};
-    QTest::newRow("unreadable dehaze counts as 0")
-        << QStringList{"Dehaze=clear"} << QStringList{"DehazeAmount=0.000000"};
+    row("dehaze 0", "Dehaze=0", "DehazeAmount=0.000000");
+    row("dehaze 40", "Dehaze=40", "DehazeAmount=20.000000");
+    row("dehaze 199", "Dehaze=199", "DehazeAmount=99.500000");
+    row("dehaze 300 cut", "Dehaze=300", "DehazeAmount=100.000000");
+    row("dehaze -10", "Dehaze=-10", "DehazeAmount=-20.000000" + dehaze_colour);
+    row("dehaze -49.9", "Dehaze=-49.9", "DehazeAmount=-99.800003" + dehaze_colour);
+    row("dehaze -50", "Dehaze=-50", "DehazeAmount=-100.000000" + dehaze_colour);
+    row("dehaze -80 cut", "Dehaze=-80", "DehazeAmount=-100.000000" + dehaze_colour);
+    row("dehaze unreadable counts as 0", "Dehaze=clear", "DehazeAmount=0.000000");
 }
 
 void tst_detail_effects::effects()
 {
-    QFETCH(QStringList, settings);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, settings);
+    QFETCH(QString, expected);
     QCOMPARE(stage_entries(settings, QStringLiteral("raw")), expected);
 }
 

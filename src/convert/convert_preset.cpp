@@ -1,7 +1,11 @@
+#include "convert/colour_editor.h"
 #include "convert/conversion_state.h"
+#include "convert/detail_effects.h"
 #include "convert/lut_set.h"
 #include "convert/monochrome_mix.h"
 #include "convert/split_toning.h"
+#include "convert/tone_mapping.h"
+#include "convert/white_balance.h"
 #include "output/style_document.h"
 
 #include <QSettings>
@@ -86,13 +90,27 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // The stages, in their fixed order. A later stage's store to a key replaces an
     // earlier one's, so this order decides, for instance, that the 2012 tone keys
     // win over the old ones.
-    identify_preset(state);
-    decide_process(state);
-    if (state.grayscale) {
-        mix_monochrome(state);
+    identify_preset(state);   // 1
+    decide_process(state);    // 2
+    map_white_balance(state); // 3
+    if (state.old_process) {
+        map_old_tone(state); // 4
     }
-    map_split_toning(state);
+    map_tone_2012(state);  // 5
+    map_clarity(state);    // 6
+    map_saturation(state); // 7
+    // 8: curves
+    if (state.grayscale) {
+        mix_monochrome(state); // 9
+    }
+    map_split_toning(state); // 10
 
-    write_style_document(state.values, out);
+    map_colour_editor(state); // 11
+    map_detail(state);        // 12
+    map_vignette(state);      // 13
+    map_grain(state);         // 14
+    map_dehaze(state);        // 15
+
+    write_style_document(state.values, out); // 16
     return true;
 }

@@ -1,0 +1,60 @@
+#pragma once
+
+// Helpers for the stage tests: presets and expectations written as "Key=Value"
+// entries separated by blanks (no key or value of a style holds one), so that a
+// data row reads like the settings it converts.
+
+#include "convert/lut_set.h"
+#include "support/test_support.h"
+
+#include <QStringList>
+
+namespace converted_entries {
+
+// A preset with these "Key=Value" settings (split at the first '=') and no name.
+inline preset_settings preset_from(const QStringList& entries)
+{
+    preset_settings preset;
+    for (const QString& entry : entries) {
+        const int at = entry.indexOf(QLatin1Char('='));
+        preset.settings[entry.left(at)] = entry.mid(at + 1);
+    }
+    return preset;
+}
+
+inline QStringList words(const QString& text)
+{
+    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+inline QString convert(const preset_settings& preset, const QString& colour_space)
+{
+    const lut_set luts;
+    QString out;
+    luts.convert_preset(preset, &out, colour_space);
+    return out;
+}
+
+// The document's entries without the three that every style holds (Name, UUID,
+// ColorCorrections): what the other stages wrote, in document order.
+inline QStringList stage_entries_in(const QString& document)
+{
+    QStringList entries;
+    for (const QString& entry : test_support::document_entries(document)) {
+        if (!entry.startsWith(QLatin1String("Name=")) &&
+            !entry.startsWith(QLatin1String("UUID=")) &&
+            !entry.startsWith(QLatin1String("ColorCorrections="))) {
+            entries.append(entry);
+        }
+    }
+    return entries;
+}
+
+// The entries the stages write for these blank-separated settings, joined by blanks.
+inline QString stage_entries(const QString& settings, const QString& colour_space)
+{
+    return stage_entries_in(convert(preset_from(words(settings)), colour_space))
+        .join(QLatin1Char(' '));
+}
+
+} // namespace converted_entries

@@ -24,8 +24,7 @@ constexpr double max_code = 1023.0;
 const cmsCIExyY d50_white = {0.3457, 0.3585, 1.0};
 const cmsCIExyY d65_white = {0.3127, 0.3290, 1.0};
 
-cmsHPROFILE make_rgb_profile(const cmsCIExyY& white, const cmsCIExyYTRIPLE& primaries,
-                             double gamma)
+cmsHPROFILE make_rgb_profile(const cmsCIExyY& white, const cmsCIExyYTRIPLE& primaries, double gamma)
 {
     cmsToneCurve* curve = cmsBuildGamma(nullptr, gamma);
     cmsToneCurve* curves[3] = {curve, curve, curve};

@@ -19,7 +19,8 @@ namespace {
 Q_GLOBAL_STATIC(QMutex, console_lock)
 
 // A harmless warning that some image libraries print for common PNG files.
-const QString libpng_srgb_warning = QStringLiteral("libpng warning: iCCP: known incorrect sRGB profile");
+const QString libpng_srgb_warning =
+    QStringLiteral("libpng warning: iCCP: known incorrect sRGB profile");
 
 struct level_output
 {
@@ -76,10 +77,9 @@ void message_handler(QtMsgType type, const QMessageLogContext& context, const QS
     }
 
     if (type == QtFatalMsg && fatal_message_hook) {
-        fatal_message_hook(
-            QObject::tr("%1 encountered a fatal error and must be terminated:\n%2")
-                .arg(QCoreApplication::applicationName(), message),
-            QObject::tr("Fatal error"));
+        fatal_message_hook(QObject::tr("%1 encountered a fatal error and must be terminated:\n%2")
+                               .arg(QCoreApplication::applicationName(), message),
+                           QObject::tr("Fatal error"));
     }
 }
 

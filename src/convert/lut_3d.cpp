@@ -97,7 +97,8 @@ void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
     table.entries.clear();
     // A grid line can claim any edge; reserve only what a sane table needs and let
     // the rows that really arrive grow the block.
-    table.entries.reserve(static_cast<std::size_t>(std::min<std::int64_t>(needed, 257 * 257 * 257)));
+    table.entries.reserve(
+        static_cast<std::size_t>(std::min<std::int64_t>(needed, 257 * 257 * 257)));
 
     double largest = 0.0;
     while (static_cast<std::int64_t>(table.entries.size()) < needed && !stream.atEnd()) {
@@ -112,8 +113,8 @@ void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
         const double first = orn::parse_number(fields[0], indicated_maximum);
         const double second = orn::parse_number(fields[1], indicated_maximum);
         const double third = orn::parse_number(fields[2], indicated_maximum);
-        table.entries.push_back(
-            {static_cast<float>(third), static_cast<float>(second), static_cast<float>(first), 1.0f});
+        table.entries.push_back({static_cast<float>(third), static_cast<float>(second),
+                                 static_cast<float>(first), 1.0f});
         largest = std::max({largest, first, second, third});
     }
     if (static_cast<std::int64_t>(table.entries.size()) < needed) {
@@ -123,8 +124,9 @@ void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
     double maximum = indicated_maximum;
     const int actual_maximum = all_ones_ceiling(largest);
     if (actual_maximum > indicated_maximum) {
-        qWarning("%s: Actual maximum data value is %d which differs from value indicated in file %d",
-                 qUtf8Printable(path), actual_maximum, as_int(indicated_maximum));
+        qWarning(
+            "%s: Actual maximum data value is %d which differs from value indicated in file %d",
+            qUtf8Printable(path), actual_maximum, as_int(indicated_maximum));
         maximum = actual_maximum;
     }
 
@@ -159,7 +161,8 @@ struct cell_position
 cell_position cell_of(int level, int n)
 {
     const float v = static_cast<float>(level);
-    const auto index = std::min<std::int64_t>(n - 2, static_cast<std::int64_t>(v * float(n - 1) / 255.0f));
+    const auto index =
+        std::min<std::int64_t>(n - 2, static_cast<std::int64_t>(v * float(n - 1) / 255.0f));
     const float fraction = v / (255.0f / float(n - 1)) - static_cast<float>(index);
     return {index, fraction};
 }

@@ -21,7 +21,8 @@ QString convert(const preset_settings& preset, const QString& colour_space)
     return converted ? out : QString();
 }
 
-const QRegularExpression uuid_form(QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}$"));
+const QRegularExpression
+    uuid_form(QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}$"));
 
 } // namespace
 
@@ -105,7 +106,8 @@ void tst_convert_preset::name_falls_back_to_about()
     if (has_about) {
         preset.settings[QStringLiteral("about")] = QStringLiteral("uuid:1234");
     }
-    const QString value = document_value(convert(preset, QStringLiteral("raw")), QStringLiteral("Name"));
+    const QString value =
+        document_value(convert(preset, QStringLiteral("raw")), QStringLiteral("Name"));
     QCOMPARE(value, expected);
     QVERIFY(!value.isNull());
 }
@@ -114,13 +116,20 @@ void tst_convert_preset::strategy_log_lines_data()
 {
     QTest::addColumn<QString>("colour_space");
     QTest::addColumn<QString>("line");
-    QTest::newRow("adobe") << "adobe" << "Using AdobeRGB colorspace (converting)";
-    QTest::newRow("srgb") << "srgb" << "Using sRGB colorspace (converting)";
-    QTest::newRow("prophoto") << "prophoto" << "Using ProPhoto colorspace (some conversion)";
-    QTest::newRow("widegamut") << "widegamut" << "Using Wide Gamut RGB colorspace (converting)";
-    QTest::newRow("raw") << "raw" << "Using Wide Gamut RGB colorspace (RAW, some conversion)";
-    QTest::newRow("case matters") << "sRGB" << "";
-    QTest::newRow("empty text") << "" << "";
+    QTest::newRow("adobe") << "adobe"
+                           << "Using AdobeRGB colorspace (converting)";
+    QTest::newRow("srgb") << "srgb"
+                          << "Using sRGB colorspace (converting)";
+    QTest::newRow("prophoto") << "prophoto"
+                              << "Using ProPhoto colorspace (some conversion)";
+    QTest::newRow("widegamut") << "widegamut"
+                               << "Using Wide Gamut RGB colorspace (converting)";
+    QTest::newRow("raw") << "raw"
+                         << "Using Wide Gamut RGB colorspace (RAW, some conversion)";
+    QTest::newRow("case matters") << "sRGB"
+                                  << "";
+    QTest::newRow("empty text") << ""
+                                << "";
 }
 
 void tst_convert_preset::strategy_log_lines()

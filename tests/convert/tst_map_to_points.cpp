@@ -30,11 +30,11 @@ void tst_map_to_points::maps_data()
     QTest::newRow("at the last point") << line << 100.0f << 50000.0f << false;
     QTest::newRow("just above the last point") << line << 100.5f << 0.0f << true;
     QTest::newRow("just below the first point") << line << -100.5f << 0.0f << true;
-    QTest::newRow("not a number") << line << std::numeric_limits<float>::quiet_NaN() << 0.0f << true;
+    QTest::newRow("not a number") << line << std::numeric_limits<float>::quiet_NaN() << 0.0f
+                                  << true;
     QTest::newRow("one point") << points{{1, 1}} << 1.0f << 0.0f << true;
     QTest::newRow("empty list") << points{} << 1.0f << 0.0f << true;
-    QTest::newRow("origin counts as unset")
-        << points{{0, 0}, {10, 10}} << 5.0f << 0.0f << true;
+    QTest::newRow("origin counts as unset") << points{{0, 0}, {10, 10}} << 5.0f << 0.0f << true;
     QTest::newRow("origin in a later pair only fails there")
         << points{{-10, 5}, {-5, 10}, {0, 0}} << -7.5f << 7.5f << false;
 }

@@ -86,7 +86,8 @@ void tst_message_handler::prefixes_and_streams()
     const QString written = to_stderr ? err.text() : out.text();
     QCOMPARE((to_stderr ? out.text() : err.text()), QString());
     const QRegularExpression form(QRegularExpression::anchoredPattern(
-        QRegularExpression::escape(prefix) + QStringLiteral("\\d\\d:\\d\\d:\\d\\d\\.\\d\\d\\d Wrote 'x'\n")));
+        QRegularExpression::escape(prefix) +
+        QStringLiteral("\\d\\d:\\d\\d:\\d\\d\\.\\d\\d\\d Wrote 'x'\n")));
     QVERIFY2(form.match(written).hasMatch(), qPrintable(written));
 }
 
@@ -150,8 +151,9 @@ void tst_message_handler::fatal_message_goes_to_hook()
     orn::message_handler(QtFatalMsg, no_context, QStringLiteral("disk gone"));
     QVERIFY(err.text().startsWith(QStringLiteral("Fatal: ")));
     QCOMPARE(shown_title, QStringLiteral("Fatal error"));
-    QCOMPARE(shown_text,
-             QStringLiteral("Lookwright encountered a fatal error and must be terminated:\ndisk gone"));
+    QCOMPARE(
+        shown_text,
+        QStringLiteral("Lookwright encountered a fatal error and must be terminated:\ndisk gone"));
 }
 
 void tst_message_handler::installed_handler_formats_qt_messages()

@@ -40,11 +40,16 @@ void tst_style_document::escaping_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("written");
-    QTest::newRow("ampersand") << "Black & White" << "Black &amp; White";
-    QTest::newRow("angle brackets") << "<Warm>" << "&lt;Warm&gt;";
-    QTest::newRow("double quote") << "The \"Look\"" << "The &quot;Look&quot;";
-    QTest::newRow("apostrophe stays") << "Ann's" << "Ann's";
-    QTest::newRow("non-ASCII stays") << QStringLiteral("Màu hàn bạc") << QStringLiteral("Màu hàn bạc");
+    QTest::newRow("ampersand") << "Black & White"
+                               << "Black &amp; White";
+    QTest::newRow("angle brackets") << "<Warm>"
+                                    << "&lt;Warm&gt;";
+    QTest::newRow("double quote") << "The \"Look\""
+                                  << "The &quot;Look&quot;";
+    QTest::newRow("apostrophe stays") << "Ann's"
+                                      << "Ann's";
+    QTest::newRow("non-ASCII stays")
+        << QStringLiteral("Màu hàn bạc") << QStringLiteral("Màu hàn bạc");
 }
 
 void tst_style_document::escaping()
@@ -72,8 +77,9 @@ void tst_style_document::key_order()
     for (auto it = key.globalMatch(out); it.hasNext();) {
         keys << it.next().captured(1);
     }
-    QCOMPARE(keys, (QStringList{"ColorBalanceHighlight", "ColorBalanceMidtone", "ColorBalanceShadow",
-                                "GradationCurve", "GradationCurveBlue", "UUID", "UsmAmount"}));
+    QCOMPARE(keys,
+             (QStringList{"ColorBalanceHighlight", "ColorBalanceMidtone", "ColorBalanceShadow",
+                          "GradationCurve", "GradationCurveBlue", "UUID", "UsmAmount"}));
     QVERIFY(out.contains(QStringLiteral("K=\"UUID\" V=\"2\"")));
 }
 

@@ -30,8 +30,8 @@ QVector<archive_entry> read_archive(const QString& path)
         zip_file_t* file = zip_fopen_index(archive, zip_uint64_t(i), 0);
         zip_fread(file, data.data(), stat.size);
         zip_fclose(file);
-        entries.append({QString::fromUtf8(zip_get_name(archive, zip_uint64_t(i), ZIP_FL_ENC_RAW)),
-                        data});
+        entries.append(
+            {QString::fromUtf8(zip_get_name(archive, zip_uint64_t(i), ZIP_FL_ENC_RAW)), data});
     }
     zip_close(archive);
     return entries;
@@ -61,7 +61,8 @@ quint16 first_entry_flags(const QString& path)
 }
 
 const QMap<QString, QString> documents{
-    {QStringLiteral("Warm.costyle"), QStringLiteral("<?xml version=\"1.0\"?>\n<SL Engine=\"900\"/>\n")},
+    {QStringLiteral("Warm.costyle"),
+     QStringLiteral("<?xml version=\"1.0\"?>\n<SL Engine=\"900\"/>\n")},
     {QStringLiteral("Cool.costyle"), QStringLiteral("cool document")},
     {QStringLiteral("Ärger.costyle"), QStringLiteral("Grün")},
 };
@@ -96,12 +97,18 @@ void tst_stylepack::entry_names_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("prefix");
-    QTest::newRow("stylepack") << "My Looks.costylepack" << "stylepack" << "";
-    QTest::newRow("category from the archive name")
-        << "My Looks.costylepack" << "stylepack_category" << "My Looks/";
-    QTest::newRow("category keeps inner dots") << "a.b.costylepack" << "stylepack_category"
+    QTest::newRow("stylepack") << "My Looks.costylepack"
+                               << "stylepack"
+                               << "";
+    QTest::newRow("category from the archive name") << "My Looks.costylepack"
+                                                    << "stylepack_category"
+                                                    << "My Looks/";
+    QTest::newRow("category keeps inner dots") << "a.b.costylepack"
+                                               << "stylepack_category"
                                                << "a.b/";
-    QTest::newRow("unknown format acts as stylepack") << "x.costylepack" << "zip" << "";
+    QTest::newRow("unknown format acts as stylepack") << "x.costylepack"
+                                                      << "zip"
+                                                      << "";
 }
 
 void tst_stylepack::entry_names()

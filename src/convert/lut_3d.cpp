@@ -98,7 +98,7 @@ void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
     // A grid line can claim any edge; reserve only what a sane table needs and let
     // the rows that really arrive grow the block.
     table.entries.reserve(
-        static_cast<std::size_t>(std::min<std::int64_t>(needed, 257 * 257 * 257)));
+        static_cast<std::size_t>(std::min<std::int64_t>(needed, std::int64_t{257} * 257 * 257)));
 
     double largest = 0.0;
     while (static_cast<std::int64_t>(table.entries.size()) < needed && !stream.atEnd()) {

@@ -18,7 +18,7 @@ using lut_entry = std::array<float, 4>;
 struct lut_3d
 {
     std::int32_t edge = 17;
-    std::vector<lut_entry> entries = std::vector<lut_entry>(17 * 17 * 17, lut_entry{});
+    std::vector<lut_entry> entries = std::vector<lut_entry>(std::size_t{17} * 17 * 17, lut_entry{});
     QString title;
 };
 

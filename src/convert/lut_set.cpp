@@ -25,7 +25,7 @@ std::shared_ptr<const lut_3d> make_identity_table()
     auto table = std::make_shared<lut_3d>();
     table->edge = 17;
     table->entries.clear();
-    table->entries.reserve(17 * 17 * 17);
+    table->entries.reserve(std::size_t{17} * 17 * 17);
     for (int i = 0; i < 17; ++i) {
         for (int j = 0; j < 17; ++j) {
             for (int k = 0; k < 17; ++k) {

@@ -13,7 +13,7 @@ QByteArray zip_code_text(int code)
 {
     zip_error_t error;
     zip_error_init_with_code(&error, code);
-    const QByteArray text(zip_error_strerror(&error));
+    QByteArray text(zip_error_strerror(&error));
     zip_error_fini(&error);
     return text;
 }

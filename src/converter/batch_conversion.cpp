@@ -1,0 +1,178 @@
+#include "converter/batch_conversion.h"
+
+#include "converter/console_report.h"
+#include "convert/lut_set.h"
+#include "output/stylepack.h"
+#include "preset/preset_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QtDebug>
+
+bool is_known_colour_space(const QString& colour_space)
+{
+    static const QStringList known{QStringLiteral("raw"), QStringLiteral("adobe"),
+                                   QStringLiteral("srgb"), QStringLiteral("prophoto"),
+                                   QStringLiteral("widegamut")};
+    return known.contains(colour_space);
+}
+
+batch_conversion::batch_conversion(const converter_options& options, console_report& report)
+    : options_(options), report_(report), packing_(options.format != QLatin1String("separate"))
+{}
+
+batch_summary batch_conversion::run(const QStringList& files)
+{
+    batch_summary summary;
+    for (int i = 0; i < files.size(); ++i) {
+        switch (convert_one(files[i])) {
+        case outcome::converted:
+            ++summary.converted;
+            break;
+        case outcome::skipped:
+            ++summary.skipped;
+            break;
+        case outcome::failed:
+            ++summary.failed;
+            break;
+        }
+        report_.progress(i + 1, files.size());
+    }
+    report_.finish_progress();
+
+    if (packing_ && !stylepack_documents_.isEmpty() && !write_archive()) {
+        // Nothing of the converted presets reached the disk.
+        summary.failed += summary.converted;
+        summary.converted = 0;
+    }
+    return summary;
+}
+
+batch_conversion::outcome batch_conversion::convert_one(const QString& path)
+{
+    QFile probe(path);
+    if (!probe.open(QIODevice::ReadOnly)) {
+        report_.error(path, QStringLiteral("can't be read: ") + probe.errorString());
+        return outcome::failed;
+    }
+    probe.close();
+
+    preset_settings preset;
+    const preset_read_result read = read_preset_file(path, preset);
+    if (read.status == preset_read_status::unsupported_format) {
+        report_.error(path, QStringLiteral("unsupported preset format (only .lrtemplate and .xmp "
+                                           "presets can be converted)"));
+        return outcome::failed;
+    }
+    if (read.status == preset_read_status::failed) {
+        report_.error(path, QStringLiteral("can't be read as a preset: ") + read.error);
+        return outcome::failed;
+    }
+    qDebug() << preset.settings;
+
+    const lut_set luts;
+    if (skipped_for_warnings(path, preset, luts)) {
+        return outcome::skipped;
+    }
+
+    QString document;
+    if (!luts.convert_preset(preset, &document, options_.colour_space)) {
+        report_.error(path, QStringLiteral("the preset could not be converted"));
+        return outcome::failed;
+    }
+    return deliver(path, document) ? outcome::converted : outcome::failed;
+}
+
+// The window asks about these three kinds before converting; here the --skip
+// options answer. A preset that falls under any requested skip is skipped before
+// anything about it is reported, as the window's Skip All does.
+bool batch_conversion::skipped_for_warnings(const QString& file, const preset_settings& preset,
+                                            const lut_set& luts)
+{
+    bool has_white_balance = false;
+    bool has_rgb_table = false;
+    bool has_calibration = false;
+    luts.inspect_preset(preset, has_white_balance, has_rgb_table, has_calibration);
+
+    struct kind
+    {
+        bool present;
+        bool skip;
+        const char* text;
+    };
+    const kind kinds[] = {
+        {has_white_balance, options_.skip_white_balance, "white balance modified by preset"},
+        {has_rgb_table, options_.skip_unsupported,
+         "unsupported parameters in preset (LUT), which will be ignored"},
+        {has_calibration, options_.skip_calibration, "camera calibration modified by preset"},
+    };
+    for (const kind& k : kinds) {
+        if (k.present && k.skip) {
+            report_.warning(file, QStringLiteral("skipped: ") + QLatin1String(k.text));
+            return true;
+        }
+    }
+    for (const kind& k : kinds) {
+        if (k.present) {
+            report_.warning(file, QLatin1String(k.text));
+        }
+    }
+    return false;
+}
+
+bool batch_conversion::deliver(const QString& path, const QString& document)
+{
+    const QString target_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
+    note_collision(path, target_name);
+    if (packing_) {
+        stylepack_documents_.insert(target_name, document);
+        return true;
+    }
+    return save_separate(path, target_name, document);
+}
+
+void batch_conversion::note_collision(const QString& path, const QString& target_name)
+{
+    const auto earlier = source_of_target_.constFind(target_name);
+    if (earlier != source_of_target_.constEnd()) {
+        report_.warning(path, QStringLiteral("replaces the style converted from '%1' (both become "
+                                             "'%2')")
+                                  .arg(earlier.value(), target_name));
+    }
+    source_of_target_.insert(target_name, path);
+}
+
+// The style is written to a temporary file that replaces the target only when it
+// is complete, so a failure never leaves half a style or destroys an existing one.
+bool batch_conversion::save_separate(const QString& file, const QString& target_name,
+                                     const QString& document)
+{
+    const QString target_path = QDir(options_.output_dir).filePath(target_name);
+    QSaveFile out(target_path);
+    const QByteArray bytes = document.toUtf8();
+    if (!out.open(QIODevice::WriteOnly)) {
+        report_.error(file,
+                      QStringLiteral("can't write '%1': %2").arg(target_path, out.errorString()));
+        return false;
+    }
+    const qint64 written = out.write(bytes);
+    if (written != bytes.size() || !out.commit()) {
+        report_.error(file,
+                      QStringLiteral("can't write '%1': %2").arg(target_path, out.errorString()));
+        return false;
+    }
+    qInfo("Wrote '%s'", qUtf8Printable(target_path));
+    return true;
+}
+
+bool batch_conversion::write_archive()
+{
+    if (!write_stylepack(options_.pack_path, options_.format, stylepack_documents_)) {
+        report_.error(options_.pack_path, QStringLiteral("the archive could not be written"));
+        return false;
+    }
+    qInfo("Wrote '%s'", qUtf8Printable(options_.pack_path));
+    return true;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "converter/converter_options.h"
+
+#include <QHash>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+class console_report;
+class lut_set;
+struct preset_settings;
+
+struct batch_summary
+{
+    int converted = 0;
+    int skipped = 0;
+    int failed = 0;
+};
+
+// Converts a list of preset files the way the window's run does (reader by
+// suffix, inspection, conversion, delivery), with the window's questions answered
+// by the options, and reports every failure instead of staying silent. A failed
+// file never ends the batch.
+class batch_conversion
+{
+public:
+    batch_conversion(const converter_options& options, console_report& report);
+
+    // Converts `files` in the order given and, in the stylepack formats, writes the
+    // archive after the last one.
+    batch_summary run(const QStringList& files);
+
+private:
+    enum class outcome
+    {
+        converted,
+        skipped,
+        failed
+    };
+
+    outcome convert_one(const QString& path);
+    bool skipped_for_warnings(const QString& file, const preset_settings& preset,
+                              const lut_set& luts);
+    bool deliver(const QString& path, const QString& document);
+    bool save_separate(const QString& file, const QString& target_name, const QString& document);
+    void note_collision(const QString& path, const QString& target_name);
+    bool write_archive();
+
+    const converter_options& options_;
+    console_report& report_;
+    bool packing_ = false;
+    // Target name to the document that waits for the archive, in entry order.
+    QMap<QString, QString> stylepack_documents_;
+    // Target name to the preset that last produced it, to tell about collisions.
+    QHash<QString, QString> source_of_target_;
+};
+
+// True for the five colour spaces the conversion knows by name.
+bool is_known_colour_space(const QString& colour_space);

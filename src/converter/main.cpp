@@ -1,0 +1,116 @@
+// lookwright-convert: the batch converter on the command line. It runs the same
+// core as the window, takes the window's answers from its options, and never
+// writes the user's settings.
+
+#include "converter/batch_conversion.h"
+#include "converter/console_report.h"
+#include "converter/converter_log.h"
+#include "converter/converter_options.h"
+#include "converter/preset_files.h"
+#include "orn/message_handler.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+// Batches of more than this many files show a progress bar on a terminal.
+constexpr int progress_threshold = 3;
+
+QString saved_colour_space()
+{
+    return QSettings().value(QStringLiteral("colorspace"), QStringLiteral("raw")).toString();
+}
+
+// A folder that doesn't exist is made when its parent exists, as mkdir would.
+bool prepare_output_folder(const QString& folder, console_report& report)
+{
+    const QFileInfo info(folder);
+    if (info.exists() && !info.isDir()) {
+        report.error(folder, QStringLiteral("the output folder is a file"));
+        return false;
+    }
+    if (!info.exists() && !QDir().mkdir(folder)) {
+        report.error(folder, QStringLiteral("the output folder doesn't exist and can't be made"));
+        return false;
+    }
+    return true;
+}
+
+bool check_pack_path(const QString& pack_path, console_report& report)
+{
+    const QFileInfo info(pack_path);
+    if (info.isDir()) {
+        report.error(pack_path, QStringLiteral("the archive path is a folder"));
+        return false;
+    }
+    if (!info.absoluteDir().exists()) {
+        report.error(pack_path, QStringLiteral("the archive's folder doesn't exist"));
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qSetMessagePattern(QString::fromLatin1(orn::message_pattern));
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("Lookwright"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
+
+    converter_options options;
+    const parse_result parsed =
+        parse_converter_options(QCoreApplication::arguments(), saved_colour_space(), options);
+    if (parsed.outcome == parse_outcome::exit_ok) {
+        return 0;
+    }
+    if (parsed.outcome == parse_outcome::usage_error) {
+        std::fprintf(stderr, "lookwright-convert: %s\nTry 'lookwright-convert --help'.\n",
+                     qUtf8Printable(parsed.error));
+        return 2;
+    }
+
+    const preset_inputs inputs = collect_preset_files(options.inputs);
+    const bool quiet = options.level == converter_options::verbosity::quiet;
+    console_report report(
+        !quiet && isatty(STDERR_FILENO) != 0 && inputs.files.size() > progress_threshold, quiet);
+    install_converter_log(&report, options.level);
+
+    if (!is_known_colour_space(options.colour_space)) {
+        report.warning(options.colour_space,
+                       QStringLiteral("unknown colour space; converting as the window does with "
+                                      "such a setting (identity table, no tint offset)"));
+    }
+    const bool packing = options.format != QLatin1String("separate");
+    const bool output_ready = packing ? check_pack_path(options.pack_path, report)
+                                      : prepare_output_folder(options.output_dir, report);
+
+    batch_summary summary;
+    for (const QString& missing : inputs.missing) {
+        report.error(missing, QStringLiteral("no such file or folder"));
+        ++summary.failed;
+    }
+    if (output_ready) {
+        const batch_summary converted = batch_conversion(options, report).run(inputs.files);
+        summary.converted = converted.converted;
+        summary.skipped = converted.skipped;
+        summary.failed += converted.failed;
+    } else {
+        summary.failed += inputs.files.size();
+    }
+    install_converter_log(nullptr, options.level);
+
+    if (!quiet) {
+        std::printf("%d converted, %d skipped, %d failed\n", summary.converted, summary.skipped,
+                    summary.failed);
+    }
+    return summary.failed > 0 ? 1 : 0;
+}

@@ -1,4 +1,5 @@
 #include "convert/conversion_state.h"
+#include "convert/curve_stage.h"
 #include "convert/lut_set.h"
 #include "output/style_document.h"
 
@@ -86,6 +87,7 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     // win over the old ones.
     identify_preset(state);
     decide_process(state);
+    convert_curves(state);
 
     write_style_document(state.values, out);
     return true;

@@ -27,7 +27,6 @@ void tst_cubic_spline::checks_points_data()
     QTest::newRow("unequal lengths") << values{0, 1, 2} << values{0, 1} << 2 << 0;
     QTest::newRow("one point is fine") << values{5} << values{9} << 0 << 0;
     QTest::newRow("descending") << values{0, 10, 9} << values{0, 1, 2} << 1 << 0;
-    QTest::newRow("descending wins over equal") << values{3, 3, 1} << values{0, 1, 2} << 1 << 0;
     QTest::newRow("equal neighbours") << values{0, 4, 4} << values{0, 1, 2} << 3 << 0;
     QTest::newRow("just under the tolerance") << values{0, 0.999} << values{0, 1} << 3 << 0;
     QTest::newRow("at the tolerance") << values{0, 1} << values{0, 1} << 0 << 1;
@@ -63,12 +62,9 @@ void tst_cubic_spline::evaluates_data()
     // segment and 1 - 1.5t^2 + 0.5t^3 on the second.
     const values hat_x{0, 1, 2};
     const values hat_y{0, 1, 0};
-    QTest::newRow("at the first point") << hat_x << hat_y << 0.0 << 0.0;
     QTest::newRow("inside the first segment") << hat_x << hat_y << 0.5 << 0.6875;
-    QTest::newRow("just before the inner point") << hat_x << hat_y << 0.75 << 0.9140625;
     QTest::newRow("at the inner point") << hat_x << hat_y << 1.0 << 1.0;
     QTest::newRow("inside the last segment") << hat_x << hat_y << 1.5 << 0.6875;
-    QTest::newRow("at the last point") << hat_x << hat_y << 2.0 << 0.0;
     QTest::newRow("below the first point, unclamped") << hat_x << hat_y << -1.0 << -1.0;
     QTest::newRow("above the last point, unclamped") << hat_x << hat_y << 3.0 << -1.0;
     QTest::newRow("two points are a line") << values{0, 10} << values{0, 20} << 4.0 << 8.0;

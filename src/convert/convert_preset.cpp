@@ -1,5 +1,6 @@
 #include "convert/colour_editor.h"
 #include "convert/conversion_state.h"
+#include "convert/curve_stage.h"
 #include "convert/detail_effects.h"
 #include "convert/lut_set.h"
 #include "convert/monochrome_mix.h"
@@ -62,8 +63,9 @@ void identify_preset(conversion_state& state)
 // is FillLight therefore counts as new. Presets converted before rely on that.
 void decide_process(conversion_state& state)
 {
-    static const char* const old_keys[] = {"Brightness", "Clarity",           "Contrast", "Exposure",
-                                           "FillLights", "HighlightRecovery", "Shadows"};
+    static const char* const old_keys[] = {"Brightness", "Clarity",    "Contrast",
+                                           "Exposure",   "FillLights", "HighlightRecovery",
+                                           "Shadows"};
     for (const char* key : old_keys) {
         if (state.preset.settings.contains(QLatin1String(key))) {
             state.old_process = true;
@@ -99,7 +101,7 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out,
     map_tone_2012(state);  // 5
     map_clarity(state);    // 6
     map_saturation(state); // 7
-    // 8: curves
+    map_curves(state);     // 8
     if (state.grayscale) {
         mix_monochrome(state); // 9
     }

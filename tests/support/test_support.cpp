@@ -129,6 +129,28 @@ QString document_value(const QString& document, const QString& key)
     return QString();
 }
 
+point_list points_from(const QString& levels)
+{
+    point_list points;
+    for (const QString& pair : levels.split(QLatin1Char(' '))) {
+        if (pair.isEmpty()) {
+            continue;
+        }
+        const QStringList xy = pair.split(QLatin1Char(','));
+        points.append(QPoint(xy.value(0).toInt(), xy.value(1).toInt()));
+    }
+    return points;
+}
+
+QString levels_of(const point_list& points)
+{
+    QStringList pairs;
+    for (const QPoint& point : points) {
+        pairs << QStringLiteral("%1,%2").arg(point.x()).arg(point.y());
+    }
+    return pairs.join(QLatin1Char(' '));
+}
+
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents)
 {
     const QString path = dir + QLatin1Char('/') + name;

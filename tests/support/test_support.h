@@ -49,6 +49,10 @@ QStringList document_entries(const QString& document);
 // The V of the entry with this K, or a null string when the document has none.
 QString document_value(const QString& document, const QString& key);
 
+// A curve from its levels, "x,y x,y ...", and back.
+point_list points_from(const QString& levels);
+QString levels_of(const point_list& points);
+
 // Writes `contents` to a new file in `dir` and returns its path.
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents);
 

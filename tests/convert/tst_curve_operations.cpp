@@ -1,0 +1,148 @@
+#include "convert/curve_operations.h"
+#include "convert/lut_set.h"
+#include "support/test_support.h"
+
+#include <QtTest>
+
+#include <limits>
+
+using test_support::levels_of;
+using test_support::points_from;
+
+class tst_curve_operations : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void raster_curve_levels_data();
+    void raster_curve_levels();
+    void ease_low_end_levels_data();
+    void ease_low_end_levels();
+    void curve_to_text_form_data();
+    void curve_to_text_form();
+    void table_pass_with_identity_table_data();
+    void table_pass_with_identity_table();
+};
+
+void tst_curve_operations::raster_curve_levels_data()
+{
+    QTest::addColumn<QString>("curve");
+    QTest::addColumn<QString>("expected");
+    const QString diagonal =
+        QStringLiteral("0,0 31,31 63,63 95,95 127,127 159,159 191,191 223,223 255,255");
+    QTest::newRow("empty stays empty") << ""
+                                       << "";
+    QTest::newRow("identity") << "0,0 255,255" << diagonal;
+    QTest::newRow("one point reads as identity") << "100,50" << diagonal;
+    QTest::newRow("descending x reads as identity") << "255,255 128,50 0,0" << diagonal;
+    QTest::newRow("above 255 is cut, 255 itself truncates")
+        << "0,0 255,510"
+        << "0,0 31,63 63,127 95,191 127,255 159,255 191,255 223,255 255,255";
+    QTest::newRow("0 and below are cut")
+        << "0,-255 255,255"
+        << "0,0 31,0 63,0 95,0 127,0 159,63 191,127 223,191 255,255";
+}
+
+void tst_curve_operations::raster_curve_levels()
+{
+    QFETCH(QString, curve);
+    QFETCH(QString, expected);
+    QCOMPARE(levels_of(raster_curve(points_from(curve))), expected);
+}
+
+void tst_curve_operations::ease_low_end_levels_data()
+{
+    QTest::addColumn<QString>("curve");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("x 0 loses half its height") << "0,100 0,-100"
+                                               << "0,50 0,-50";
+    QTest::newRow("halfway the pull is a quarter") << "42,142"
+                                                   << "42,117";
+    QTest::newRow("the result truncates") << "10,11"
+                                          << "10,10";
+    QTest::newRow("x 84 and 85 stay") << "84,200 85,200"
+                                      << "84,200 85,200";
+    QTest::newRow("negative x pulls harder") << "-84,0"
+                                             << "-84,-84";
+    QTest::newRow("on the diagonal nothing moves") << "0,0 31,31 63,63"
+                                                   << "0,0 31,31 63,63";
+    QTest::newRow("beyond int saturates") << "84,2147483647"
+                                          << "84,2147483647";
+}
+
+void tst_curve_operations::ease_low_end_levels()
+{
+    QFETCH(QString, curve);
+    QFETCH(QString, expected);
+    QCOMPARE(levels_of(ease_low_end(points_from(curve))), expected);
+}
+
+void tst_curve_operations::curve_to_text_form_data()
+{
+    QTest::addColumn<QString>("curve");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QStringList>("warnings");
+    QTest::newRow("three points") << "0,0 128,64 255,255"
+                                  << "0.000000,0.000000;0.501961,0.250980;1.000000,1.000000"
+                                  << QStringList{};
+    // These three levels print differently when divided in double precision.
+    QTest::newRow("single-precision division")
+        << "80,131 182,0"
+        << "0.313726,0.513726;0.713726,0.000000" << QStringList{};
+    QTest::newRow("cut with a warning")
+        << "-1,0 256,255 0,-5"
+        << "0.000000,0.000000;1.000000,1.000000;0.000000,0.000000"
+        << QStringList{"GradationCurveRed point QPoint(-1,0) is out of range and will be clamped!",
+                       "GradationCurveRed point QPoint(256,255) is out of range and will be "
+                       "clamped!",
+                       "GradationCurveRed point QPoint(0,-5) is out of range and will be "
+                       "clamped!"};
+    QTest::newRow("empty writes nothing") << "" << QString() << QStringList{};
+}
+
+void tst_curve_operations::curve_to_text_form()
+{
+    QFETCH(QString, curve);
+    QFETCH(QString, expected);
+    QFETCH(QStringList, warnings);
+    style_values values;
+    const test_support::log_capture log;
+    curve_to_text(values, QStringLiteral("GradationCurveRed"), points_from(curve));
+    QCOMPARE(values.value(QStringLiteral("GradationCurveRed")), expected);
+    QCOMPARE(values.contains(QStringLiteral("GradationCurveRed")), !expected.isNull());
+    QCOMPARE(log.messages(QtWarningMsg), warnings);
+}
+
+void tst_curve_operations::table_pass_with_identity_table_data()
+{
+    QTest::addColumn<QStringList>("curves");
+    QTest::addColumn<QStringList>("expected");
+    // The identity table gives every level back, except 255, which comes back as 256.
+    QTest::newRow("each channel keeps its own colour")
+        << QStringList{"0,0 128,64", "0,0 128,128", "0,0 128,200"}
+        << QStringList{"0,0 128,64", "0,0 128,128", "0,0 128,200"};
+    QTest::newRow("255 becomes 256, unmasked")
+        << QStringList{"255,255", "255,0", "0,255"} << QStringList{"256,256", "256,0", "0,256"};
+    QTest::newRow("unequal sizes are rastered first")
+        << QStringList{"0,0 64,32 255,255", "0,0 255,255", "0,0 255,255"}
+        << QStringList{"0,0 31,13 63,31 95,56 127,88 159,125 191,166 223,210 256,256",
+                       "0,0 31,31 63,63 95,95 127,127 159,159 191,191 223,223 256,256",
+                       "0,0 31,31 63,63 95,95 127,127 159,159 191,191 223,223 256,256"};
+    QTest::newRow("an empty channel leaves the others rastered only")
+        << QStringList{"", "0,0 255,255", "0,0 255,255"}
+        << QStringList{"", "0,0 31,31 63,63 95,95 127,127 159,159 191,191 223,223 255,255",
+                       "0,0 31,31 63,63 95,95 127,127 159,159 191,191 223,223 255,255"};
+}
+
+void tst_curve_operations::table_pass_with_identity_table()
+{
+    QFETCH(QStringList, curves);
+    QFETCH(QStringList, expected);
+    channel_curves channels{points_from(curves[0]), points_from(curves[1]), points_from(curves[2])};
+    table_pass(channels, lut_set().identity());
+    QCOMPARE(QStringList({levels_of(channels[0]), levels_of(channels[1]), levels_of(channels[2])}),
+             expected);
+}
+
+QTEST_GUILESS_MAIN(tst_curve_operations)
+#include "tst_curve_operations.moc"

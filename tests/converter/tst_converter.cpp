@@ -1,0 +1,442 @@
+// The command-line converter as a user runs it: a real process, real folders.
+
+#include "support/test_support.h"
+
+#include <QtTest>
+
+#include <zip.h>
+
+#include <unistd.h>
+
+namespace {
+
+const QByteArray braced_template = "s = {\n"
+                                   "\ttitle = \"Warm\",\n"
+                                   "\tvalue = {\n"
+                                   "\t\tsettings = {\n"
+                                   "\t\t\tExposure2012 = 0.5,\n"
+                                   "\t\t\tContrast2012 = 20,\n"
+                                   "\t\t},\n"
+                                   "\t},\n"
+                                   "}\n";
+
+const QByteArray broken_template = "s = {\n\ttitle = \"Broken\"\n\tvalue = 1,\n}\n";
+
+QByteArray xmp_preset(const QByteArray& name, const QByteArray& attributes = QByteArray())
+{
+    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+           " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+           "  <rdf:Description rdf:about=\"\" "
+           "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n"
+           "   crs:Exposure2012=\"+0.50\" " +
+           attributes +
+           ">\n"
+           "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
+           name +
+           "</rdf:li></rdf:Alt></crs:Name>\n"
+           "  </rdf:Description>\n"
+           " </rdf:RDF>\n"
+           "</x:xmpmeta>\n";
+}
+
+struct run_result
+{
+    int exit_code = -1;
+    QString out;
+    QString err;
+};
+
+QByteArray read_all(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A document with its UUID blanked, so that two conversions of one preset compare equal.
+QByteArray without_uuid(QByteArray document)
+{
+    const int at = document.indexOf("K=\"UUID\" V=\"");
+    if (at >= 0) {
+        document.replace(at + 12, 36, QByteArray(36, '-'));
+    }
+    return document;
+}
+
+QMap<QString, QByteArray> read_archive(const QString& path)
+{
+    QMap<QString, QByteArray> entries;
+    int error = 0;
+    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, &error);
+    if (archive == nullptr) {
+        return entries;
+    }
+    for (zip_int64_t i = 0; i < zip_get_num_entries(archive, 0); ++i) {
+        zip_stat_t stat;
+        zip_stat_index(archive, zip_uint64_t(i), 0, &stat);
+        QByteArray data(int(stat.size), '\0');
+        zip_file_t* file = zip_fopen_index(archive, zip_uint64_t(i), 0);
+        zip_fread(file, data.data(), stat.size);
+        zip_fclose(file);
+        entries.insert(QString::fromUtf8(stat.name), data);
+    }
+    zip_close(archive);
+    return entries;
+}
+
+} // namespace
+
+class tst_converter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void converts_folder_recursively_with_mixed_suffixes();
+    void failures_are_reported_and_the_batch_goes_on();
+    void missing_input();
+    void output_folder_faults_data();
+    void output_folder_faults();
+    void target_taken_by_folder_keeps_other_files();
+    void existing_style_survives_a_failed_write();
+    void name_collision_later_wins();
+    void stylepacks_hold_the_separate_documents_data();
+    void stylepacks_hold_the_separate_documents();
+    void archive_path_that_cannot_be_created();
+    void warnings_and_skips_data();
+    void warnings_and_skips();
+    void usage_errors_data();
+    void usage_errors();
+    void colour_space_from_saved_setting();
+    void settings_store_untouched();
+    void quiet_and_verbose();
+
+private:
+    run_result run(const QStringList& arguments);
+    QString input(const QString& name, const QByteArray& contents);
+
+    std::unique_ptr<QTemporaryDir> dir_;
+    QString config_home_;
+};
+
+void tst_converter::init()
+{
+    dir_ = std::make_unique<QTemporaryDir>();
+    QVERIFY(dir_->isValid());
+    QDir(dir_->path()).mkpath(QStringLiteral("in"));
+    QDir(dir_->path()).mkpath(QStringLiteral("out"));
+    QDir(dir_->path()).mkpath(QStringLiteral("config"));
+    config_home_ = dir_->filePath(QStringLiteral("config"));
+}
+
+run_result tst_converter::run(const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_home_);
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(dir_->path());
+    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        return {};
+    }
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QString tst_converter::input(const QString& name, const QByteArray& contents)
+{
+    const QString path = dir_->filePath(QStringLiteral("in/") + name);
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    return test_support::write_file(QFileInfo(path).absolutePath(), QFileInfo(path).fileName(),
+                                    contents);
+}
+
+void tst_converter::converts_folder_recursively_with_mixed_suffixes()
+{
+    input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    input(QStringLiteral("sub/Cool.XMP"), xmp_preset("Cool"));
+    input(QStringLiteral("sub/deeper/Loud.LRTemplate"), braced_template);
+    input(QStringLiteral("notes.txt"), "not a preset");
+    const run_result result =
+        run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in")});
+    QCOMPARE(result.exit_code, 0);
+    QCOMPARE(result.out, QStringLiteral("3 converted, 0 skipped, 0 failed\n"));
+    QCOMPARE(QDir(dir_->filePath(QStringLiteral("out"))).entryList(QDir::Files),
+             (QStringList{"Cool.costyle", "Loud.costyle", "Warm.costyle"}));
+    const QByteArray warm = read_all(dir_->filePath(QStringLiteral("out/Warm.costyle")));
+    QVERIFY(warm.startsWith("<?xml version=\"1.0\"?>\n<SL Engine=\"900\">\n"));
+    QVERIFY(warm.contains("<E K=\"Name\" V=\"Warm\"/>"));
+    QVERIFY(warm.contains("<E K=\"Exposure\" V=\"0.571429\"/>"));
+}
+
+void tst_converter::failures_are_reported_and_the_batch_goes_on()
+{
+    const QString broken = input(QStringLiteral("Broken.lrtemplate"), broken_template);
+    const QString text = input(QStringLiteral("notes.txt"), "not a preset");
+    const QString good = input(QStringLiteral("Good.xmp"), xmp_preset("Good"));
+    const run_result result =
+        run({QStringLiteral("-o"), QStringLiteral("out"), broken, text, good});
+    QCOMPARE(result.exit_code, 1);
+    QCOMPARE(result.out, QStringLiteral("1 converted, 0 skipped, 2 failed\n"));
+    QVERIFY2(
+        result.err.contains(broken + QStringLiteral(": can't be read as a preset: Unexpected "
+                                                    "token type found. Expected "
+                                                    "token_type::comma, got token_type::name")),
+        qPrintable(result.err));
+    QVERIFY2(result.err.contains(text + QStringLiteral(": unsupported preset format")),
+             qPrintable(result.err));
+    QVERIFY(QFileInfo::exists(dir_->filePath(QStringLiteral("out/Good.costyle"))));
+    QVERIFY(!QFileInfo::exists(dir_->filePath(QStringLiteral("out/Broken.costyle"))));
+}
+
+void tst_converter::missing_input()
+{
+    const run_result result =
+        run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in/absent.xmp")});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY(result.err.contains(QStringLiteral("in/absent.xmp: no such file or folder")));
+    QCOMPARE(result.out, QStringLiteral("0 converted, 0 skipped, 1 failed\n"));
+}
+
+void tst_converter::output_folder_faults_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("parent folder missing") << "missing/deeper"
+                                           << "can't be made";
+    QTest::newRow("output is a file") << "in/Warm.lrtemplate"
+                                      << "the output folder is a file";
+}
+
+void tst_converter::output_folder_faults()
+{
+    QFETCH(QString, output);
+    QFETCH(QString, message);
+    const QString preset = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const run_result result = run({QStringLiteral("-o"), output, preset});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY2(result.err.contains(message), qPrintable(result.err));
+    QCOMPARE(result.out, QStringLiteral("0 converted, 0 skipped, 1 failed\n"));
+    QCOMPARE(read_all(preset), braced_template);
+}
+
+void tst_converter::target_taken_by_folder_keeps_other_files()
+{
+    const QString warm = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const QString cool = input(QStringLiteral("Cool.xmp"), xmp_preset("Cool"));
+    QDir(dir_->path()).mkpath(QStringLiteral("out/Warm.costyle"));
+    const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), warm, cool});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY2(result.err.contains(warm + QStringLiteral(": can't write '")), qPrintable(result.err));
+    QVERIFY(QFileInfo(dir_->filePath(QStringLiteral("out/Warm.costyle"))).isDir());
+    QVERIFY(QFileInfo(dir_->filePath(QStringLiteral("out/Cool.costyle"))).isFile());
+    // Nothing half-written is left behind.
+    QCOMPARE(QDir(dir_->filePath(QStringLiteral("out"))).entryList(QDir::Files | QDir::Hidden),
+             QStringList{QStringLiteral("Cool.costyle")});
+}
+
+void tst_converter::existing_style_survives_a_failed_write()
+{
+    if (geteuid() == 0) {
+        QSKIP("a read-only folder can't stop root from writing");
+    }
+    const QString warm = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const QString existing = test_support::write_file(dir_->filePath(QStringLiteral("out")),
+                                                      QStringLiteral("Warm.costyle"), "old");
+    QFile::setPermissions(dir_->filePath(QStringLiteral("out")),
+                          QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), warm});
+    QFile::setPermissions(dir_->filePath(QStringLiteral("out")),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY(result.err.contains(QStringLiteral("can't write")));
+    QCOMPARE(read_all(existing), QByteArray("old"));
+}
+
+void tst_converter::name_collision_later_wins()
+{
+    const QString first = input(QStringLiteral("a/Look.lrtemplate"), braced_template);
+    const QString second = input(QStringLiteral("b/Look.xmp"), xmp_preset("Second"));
+    const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), first, second});
+    QCOMPARE(result.exit_code, 0);
+    QVERIFY2(result.err.contains(second + QStringLiteral(": replaces the style converted from '") +
+                                 first),
+             qPrintable(result.err));
+    QVERIFY(read_all(dir_->filePath(QStringLiteral("out/Look.costyle")))
+                .contains("<E K=\"Name\" V=\"Second\"/>"));
+}
+
+void tst_converter::stylepacks_hold_the_separate_documents_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("prefix");
+    QTest::newRow("stylepack") << "stylepack"
+                               << "";
+    QTest::newRow("stylepack_category") << "stylepack_category"
+                                        << "My Looks/";
+}
+
+void tst_converter::stylepacks_hold_the_separate_documents()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, prefix);
+    input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    input(QStringLiteral("Cool.xmp"), xmp_preset("Cool", "crs:Temperature=\"6500\""));
+    input(QStringLiteral("Ärger.xmp"), xmp_preset("Ärger"));
+    const run_result separate =
+        run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in")});
+    QCOMPARE(separate.exit_code, 0);
+    const QString pack = dir_->filePath(QStringLiteral("My Looks.costylepack"));
+    const run_result packed =
+        run({QStringLiteral("-f"), format, QStringLiteral("-p"), pack, QStringLiteral("in")});
+    QCOMPARE(packed.exit_code, 0);
+    QCOMPARE(packed.out, QStringLiteral("3 converted, 0 skipped, 0 failed\n"));
+
+    const QMap<QString, QByteArray> entries = read_archive(pack);
+    QCOMPARE(entries.keys(), (QStringList{prefix + "Cool.costyle", prefix + "Warm.costyle",
+                                          prefix + QStringLiteral("Ärger.costyle")}));
+    for (auto it = entries.constBegin(); it != entries.constEnd(); ++it) {
+        const QString file = dir_->filePath(QStringLiteral("out/") + it.key().mid(prefix.size()));
+        QCOMPARE(without_uuid(it.value()), without_uuid(read_all(file)));
+    }
+}
+
+void tst_converter::archive_path_that_cannot_be_created()
+{
+    const QString preset = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const run_result in_missing_folder =
+        run({QStringLiteral("-f"), QStringLiteral("stylepack"), QStringLiteral("-p"),
+             QStringLiteral("nowhere/x.costylepack"), preset});
+    QCOMPARE(in_missing_folder.exit_code, 1);
+    QVERIFY(in_missing_folder.err.contains(QStringLiteral("the archive's folder doesn't exist")));
+    const run_result on_folder = run({QStringLiteral("-f"), QStringLiteral("stylepack"),
+                                      QStringLiteral("-p"), QStringLiteral("out"), preset});
+    QCOMPARE(on_folder.exit_code, 1);
+    QVERIFY(on_folder.err.contains(QStringLiteral("the archive path is a folder")));
+}
+
+void tst_converter::warnings_and_skips_data()
+{
+    QTest::addColumn<QByteArray>("attributes");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("summary");
+
+    const QByteArray white_balance = "crs:Temperature=\"5500\"";
+    const QByteArray table = "crs:RGBTable=\"\"";
+    const QByteArray calibration = "crs:RedHue=\"10\"";
+    QTest::newRow("white balance reported, converted")
+        << white_balance << QStringList() << "white balance modified by preset"
+        << "1 converted, 0 skipped, 0 failed\n";
+    QTest::newRow("white balance skipped on request")
+        << white_balance << QStringList{"--skip-white-balance"}
+        << "skipped: white balance modified by preset"
+        << "0 converted, 1 skipped, 0 failed\n";
+    QTest::newRow("colour table reported") << table << QStringList() << "unsupported parameters"
+                                           << "1 converted, 0 skipped, 0 failed\n";
+    QTest::newRow("colour table skipped")
+        << table << QStringList{"--skip-unsupported"} << "skipped: unsupported parameters"
+        << "0 converted, 1 skipped, 0 failed\n";
+    QTest::newRow("calibration skipped")
+        << calibration << QStringList{"--skip-calibration"} << "skipped: camera calibration"
+        << "0 converted, 1 skipped, 0 failed\n";
+    QTest::newRow("other skip leaves calibration converted")
+        << calibration << QStringList{"--skip-white-balance"} << "camera calibration modified"
+        << "1 converted, 0 skipped, 0 failed\n";
+}
+
+void tst_converter::warnings_and_skips()
+{
+    QFETCH(QByteArray, attributes);
+    QFETCH(QStringList, options);
+    QFETCH(QString, message);
+    QFETCH(QString, summary);
+    const QString preset = input(QStringLiteral("Look.xmp"), xmp_preset("Look", attributes));
+    const run_result result =
+        run(options + QStringList{QStringLiteral("-o"), QStringLiteral("out"), preset});
+    QCOMPARE(result.exit_code, 0);
+    QCOMPARE(result.out, summary);
+    QVERIFY2(result.err.contains(preset + QStringLiteral(": ") + message), qPrintable(result.err));
+}
+
+void tst_converter::usage_errors_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("no input") << QStringList() << "No preset or folder given.";
+    QTest::newRow("unknown format") << QStringList{"-f", "zip", "in"} << "Unknown format 'zip'";
+    QTest::newRow("stylepack without --pack")
+        << QStringList{"-f", "stylepack", "in"} << "needs --pack FILE";
+    QTest::newRow("--pack with separate")
+        << QStringList{"-p", "x.costylepack", "in"} << "--pack goes with";
+    QTest::newRow("unknown option") << QStringList{"--frobnicate", "in"} << "frobnicate";
+    QTest::newRow("quiet and verbose") << QStringList{"-q", "-v", "in"} << "exclude each other";
+}
+
+void tst_converter::usage_errors()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const run_result result = run(arguments);
+    QCOMPARE(result.exit_code, 2);
+    QVERIFY2(result.err.contains(message), qPrintable(result.err));
+    QCOMPARE(result.out, QString());
+}
+
+void tst_converter::colour_space_from_saved_setting()
+{
+    QDir(config_home_).mkpath(QStringLiteral("Corvane"));
+    test_support::write_file(config_home_ + QStringLiteral("/Corvane"),
+                             QStringLiteral("Lookwright.conf"), "[General]\ncolorspace=srgb\n");
+    const QString preset = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const run_result saved =
+        run({QStringLiteral("-v"), QStringLiteral("-o"), QStringLiteral("out"), preset});
+    QVERIFY(saved.err.contains(QStringLiteral("Using sRGB colorspace (converting)")));
+    const run_result given =
+        run({QStringLiteral("-v"), QStringLiteral("-c"), QStringLiteral("adobe"),
+             QStringLiteral("-o"), QStringLiteral("out"), preset});
+    QVERIFY(given.err.contains(QStringLiteral("Using AdobeRGB colorspace (converting)")));
+    const run_result unknown = run({QStringLiteral("-c"), QStringLiteral("sRGB"),
+                                    QStringLiteral("-o"), QStringLiteral("out"), preset});
+    QCOMPARE(unknown.exit_code, 0);
+    QVERIFY(unknown.err.contains(QStringLiteral("sRGB: unknown colour space")));
+}
+
+void tst_converter::settings_store_untouched()
+{
+    const QString preset = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    run({QStringLiteral("-c"), QStringLiteral("prophoto"), QStringLiteral("-o"),
+         QStringLiteral("out"), preset});
+    QCOMPARE(QDir(config_home_).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+
+    QDir(config_home_).mkpath(QStringLiteral("Corvane"));
+    const QByteArray stored = "[General]\ncolorspace=widegamut\nformat=stylepack\n";
+    const QString conf = test_support::write_file(config_home_ + QStringLiteral("/Corvane"),
+                                                  QStringLiteral("Lookwright.conf"), stored);
+    run({QStringLiteral("-c"), QStringLiteral("srgb"), QStringLiteral("-o"), QStringLiteral("out"),
+         preset});
+    QCOMPARE(read_all(conf), stored);
+}
+
+void tst_converter::quiet_and_verbose()
+{
+    const QString preset =
+        input(QStringLiteral("Look.xmp"), xmp_preset("Look", "crs:Temperature=\"5500\""));
+    const QString broken = input(QStringLiteral("Broken.lrtemplate"), broken_template);
+    const run_result quiet =
+        run({QStringLiteral("-q"), QStringLiteral("-o"), QStringLiteral("out"), preset, broken});
+    QCOMPARE(quiet.exit_code, 1);
+    QCOMPARE(quiet.out, QString());
+    QVERIFY(!quiet.err.contains(QStringLiteral("white balance")));
+    QVERIFY(quiet.err.contains(QStringLiteral("error: ") + broken));
+    const run_result verbose =
+        run({QStringLiteral("-v"), QStringLiteral("-o"), QStringLiteral("out"), preset});
+    QVERIFY(verbose.err.contains(QStringLiteral("Debug: ")));
+    QVERIFY(verbose.err.contains(QStringLiteral("Info: ")));
+}
+
+QTEST_GUILESS_MAIN(tst_converter)
+#include "tst_converter.moc"

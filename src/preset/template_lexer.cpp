@@ -12,12 +12,15 @@ bool is_word_delimiter(QChar unit)
 }
 
 // Only a word that begins with a sign or a digit can convert as a whole to an
-// integer: words never begin with white space, which toInt would skip. The test
-// spares the conversion for the great majority of words, which are names.
+// integer; toInt takes the Unicode minus sign for a sign too. Words never begin with
+// the white space that toInt would skip. The test spares the conversion for the
+// great majority of words, which are names.
 bool may_be_integer(const QStringRef& word)
 {
+    constexpr ushort minus_sign = 0x2212;
     const QChar first = word.at(0);
     return first == QLatin1Char('+') || first == QLatin1Char('-') ||
+           first.unicode() == minus_sign ||
            (first >= QLatin1Char('0') && first <= QLatin1Char('9'));
 }
 

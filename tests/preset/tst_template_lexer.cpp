@@ -89,6 +89,10 @@ void tst_template_lexer::splits_and_classifies_data()
                                    << "num(+7|7) eof(|0)";
     QTest::newRow("negative sign") << "-7"
                                    << "num(-7|-7) eof(|0)";
+    QTest::newRow("unicode minus sign") << QString::fromUtf8("\xe2\x88\x92"
+                                                             "7")
+                                        << QString::fromUtf8("num(\xe2\x88\x92"
+                                                             "7|-7) eof(|0)");
     QTest::newRow("leading zeros") << "007"
                                    << "num(007|7) eof(|0)";
     QTest::newRow("largest 32-bit integer") << "2147483647"

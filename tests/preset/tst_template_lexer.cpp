@@ -1,0 +1,249 @@
+#include "preset/template_lexer.h"
+
+#include <QtTest>
+
+namespace {
+
+// "num(25|25)": type without its prefix, the token's text and number.
+QString describe(const token& value)
+{
+    return token_type_name(value.type).mid(12) + QLatin1Char('(') + value.text.toString() +
+           QLatin1Char('|') + QString::number(value.number) + QLatin1Char(')');
+}
+
+QString describe(const QVector<token>& tokens)
+{
+    QStringList parts;
+    for (const token& value : tokens) {
+        parts << describe(value);
+    }
+    return parts.join(QLatin1Char(' '));
+}
+
+QString printed(const token& value)
+{
+    QString text;
+    QDebug(&text).nospace() << value;
+    return text;
+}
+
+token make_token(token_type type, const QString& text, qint32 number)
+{
+    token result;
+    result.type = type;
+    result.text = QStringRef(&text);
+    result.number = number;
+    return result;
+}
+
+} // namespace
+
+class tst_template_lexer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void splits_and_classifies_data();
+    void splits_and_classifies();
+    void tokens_are_views_into_the_text();
+    void scanner_stays_at_eof();
+    void type_names_data();
+    void type_names();
+    void printer_data();
+    void printer();
+    void printer_restores_stream_state();
+};
+
+void tst_template_lexer::splits_and_classifies_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("tokens");
+
+    QTest::newRow("empty text") << ""
+                                << "eof(|0)";
+    QTest::newRow("blanks only") << " \t\r\n "
+                                 << "eof(|0)";
+    QTest::newRow("entries without blanks")
+        << "a=1,b=2"
+        << "name(a|0) equals(=|0) num(1|1) comma(,|0) name(b|0) equals(=|0) num(2|2) eof(|0)";
+    QTest::newRow("table with blanks")
+        << "s = {\n\ta = true,\n}\n"
+        << "name(s|0) equals(=|0) lbrace({|0) name(a|0) equals(=|0) boolean(true|1) comma(,|0) "
+           "rbrace(}|0) eof(|0)";
+    QTest::newRow("delimiters inside quotes") << "\"x = 1, y\""
+                                              << "str(x = 1, y|0) eof(|0)";
+    QTest::newRow("line end inside quotes") << "\"a\nb\""
+                                            << "str(a\nb|0) eof(|0)";
+    QTest::newRow("empty string") << "\"\""
+                                  << "str(|0) eof(|0)";
+    QTest::newRow("lone quote") << "\""
+                                << "str(|0) eof(|0)";
+    QTest::newRow("quotes inside a word") << "a\"b c\"d"
+                                          << "name(a\"b c\"d|0) eof(|0)";
+    QTest::newRow("backslash escapes nothing") << "\"a \\\"b c\\\" d\""
+                                               << "name(\"a \\\"b|0) name(c\\\" d\"|0) eof(|0)";
+    QTest::newRow("unterminated quote swallows the rest")
+        << "a = \"b, c = 1\n"
+        << "name(a|0) equals(=|0) name(\"b, c = 1\n|0) eof(|0)";
+    QTest::newRow("positive sign") << "+7"
+                                   << "num(+7|7) eof(|0)";
+    QTest::newRow("negative sign") << "-7"
+                                   << "num(-7|-7) eof(|0)";
+    QTest::newRow("unicode minus sign") << QString::fromUtf8("\xe2\x88\x92"
+                                                             "7")
+                                        << QString::fromUtf8("num(\xe2\x88\x92"
+                                                             "7|-7) eof(|0)");
+    QTest::newRow("leading zeros") << "007"
+                                   << "num(007|7) eof(|0)";
+    QTest::newRow("largest 32-bit integer") << "2147483647"
+                                            << "num(2147483647|2147483647) eof(|0)";
+    QTest::newRow("just above 32 bits") << "2147483648"
+                                        << "name(2147483648|0) eof(|0)";
+    QTest::newRow("smallest 32-bit integer") << "-2147483648"
+                                             << "num(-2147483648|-2147483648) eof(|0)";
+    QTest::newRow("just below 32 bits") << "-2147483649"
+                                        << "name(-2147483649|0) eof(|0)";
+    QTest::newRow("decimal point") << "7.0"
+                                   << "name(7.0|0) eof(|0)";
+    QTest::newRow("exponent") << "1e3"
+                              << "name(1e3|0) eof(|0)";
+    QTest::newRow("hexadecimal") << "0x10"
+                                 << "name(0x10|0) eof(|0)";
+    QTest::newRow("sign alone") << "- +"
+                                << "name(-|0) name(+|0) eof(|0)";
+    QTest::newRow("false") << "false"
+                           << "boolean(false|0) eof(|0)";
+    QTest::newRow("capitalised boolean") << "True"
+                                         << "name(True|0) eof(|0)";
+    QTest::newRow("braces touching") << "{}"
+                                     << "name({}|0) eof(|0)";
+    QTest::newRow("brace touching a number") << "{1 2}"
+                                             << "name({1|0) name(2}|0) eof(|0)";
+    QTest::newRow("brackets and parentheses") << "[\"key\"] (x);"
+                                              << "name([\"key\"]|0) name((x);|0) eof(|0)";
+    QTest::newRow("no comment syntax") << "-- note"
+                                       << "name(--|0) name(note|0) eof(|0)";
+    QTest::newRow("trailing comma") << "a,"
+                                    << "name(a|0) comma(,|0) eof(|0)";
+    QTest::newRow("doubled delimiters") << "a==,,"
+                                        << "name(a|0) equals(=|0) equals(=|0) "
+                                           "comma(,|0) comma(,|0) eof(|0)";
+    QTest::newRow("vertical tab and form feed") << "a\vb\fc"
+                                                << "name(a|0) name(b|0) name(c|0) eof(|0)";
+    QTest::newRow("next line and no-break space") << QString::fromUtf8("a\xc2\x85"
+                                                                       "b\xc2\xa0"
+                                                                       "c")
+                                                  << "name(a|0) name(b|0) name(c|0) eof(|0)";
+    QTest::newRow("unicode em space") << QString::fromUtf8("a\xe2\x80\x83"
+                                                           "b")
+                                      << "name(a|0) name(b|0) eof(|0)";
+    QTest::newRow("zero width space is no blank") << QString::fromUtf8("a\xe2\x80\x8b"
+                                                                       "b")
+                                                  << QString::fromUtf8("name(a\xe2\x80\x8b"
+                                                                       "b|0) eof(|0)");
+    QTest::newRow("non-latin text")
+        << QString::fromUtf8("\"M\xc3\xa0u\"") << QString::fromUtf8("str(M\xc3\xa0u|0) eof(|0)");
+}
+
+void tst_template_lexer::splits_and_classifies()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, tokens);
+
+    QCOMPARE(describe(tokenize(text)), tokens);
+}
+
+void tst_template_lexer::tokens_are_views_into_the_text()
+{
+    const QString text = QStringLiteral("key = \"abc\", 12");
+    const QVector<token> tokens = tokenize(text);
+
+    QCOMPARE(tokens.size(), 6);
+    for (const token& value : tokens.mid(0, 5)) {
+        QCOMPARE(value.text.string(), &text);
+    }
+    QCOMPARE(tokens.at(2).text.position(), 7);
+    QCOMPARE(tokens.at(4).text.position(), 13);
+    QVERIFY(tokens.constLast().text.isNull());
+}
+
+void tst_template_lexer::scanner_stays_at_eof()
+{
+    const QString text = QStringLiteral("a");
+    token_scanner scanner(text);
+
+    QCOMPARE(describe(scanner.next()), QStringLiteral("name(a|0)"));
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(describe(scanner.next()), QStringLiteral("eof(|0)"));
+    }
+}
+
+void tst_template_lexer::type_names_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("first") << int(token_type::name) << "token_type::name";
+    QTest::newRow("str") << int(token_type::str) << "token_type::str";
+    QTest::newRow("boolean") << int(token_type::boolean) << "token_type::boolean";
+    QTest::newRow("num") << int(token_type::num) << "token_type::num";
+    QTest::newRow("equals") << int(token_type::equals) << "token_type::equals";
+    QTest::newRow("comma") << int(token_type::comma) << "token_type::comma";
+    QTest::newRow("lbrace") << int(token_type::lbrace) << "token_type::lbrace";
+    QTest::newRow("rbrace") << int(token_type::rbrace) << "token_type::rbrace";
+    QTest::newRow("last") << int(token_type::eof) << "token_type::eof";
+    QTest::newRow("just past the last") << 9 << "<unknown>";
+    QTest::newRow("just before the first") << -1 << "<unknown>";
+}
+
+void tst_template_lexer::type_names()
+{
+    QFETCH(int, type);
+    QFETCH(QString, name);
+
+    QCOMPARE(token_type_name(static_cast<token_type>(type)), name);
+}
+
+void tst_template_lexer::printer_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("printed");
+
+    QTest::newRow("number") << int(token_type::num) << "25" << 25 << "token_type::num(\"25\", 25)";
+    QTest::newRow("string") << int(token_type::str) << "abc" << 0 << "token_type::str(\"abc\", 0)";
+    QTest::newRow("text with quote and blank")
+        << int(token_type::name) << "a\"b c" << 0 << "token_type::name(\"a\"b c\", 0)";
+    QTest::newRow("boolean") << int(token_type::boolean) << "true" << 1
+                             << "token_type::boolean(\"true\", 1)";
+    QTest::newRow("out of range") << 12 << "x" << -3 << "<unknown>(\"x\", -3)";
+}
+
+void tst_template_lexer::printer()
+{
+    QFETCH(int, type);
+    QFETCH(QString, text);
+    QFETCH(int, number);
+    QFETCH(QString, printed);
+
+    QCOMPARE(::printed(make_token(static_cast<token_type>(type), text, number)), printed);
+}
+
+void tst_template_lexer::printer_restores_stream_state()
+{
+    const QString text = QStringLiteral("b");
+    const token value = make_token(token_type::name, text, 0);
+    QString out;
+    {
+        QDebug debug(&out);
+        debug << QStringLiteral("a") << value << token{} << QStringLiteral("c");
+    }
+
+    // Blanks between the items and quotes around the texts, as the stream had them.
+    QCOMPARE(out,
+             QStringLiteral("\"a\" token_type::name(\"b\", 0) token_type::eof(\"\", 0) \"c\" "));
+}
+
+QTEST_GUILESS_MAIN(tst_template_lexer)
+#include "tst_template_lexer.moc"

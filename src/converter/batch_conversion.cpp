@@ -152,7 +152,9 @@ bool batch_conversion::save_separate(const QString& file, const QString& target_
     const QString target_path = QDir(options_.output_dir).filePath(target_name);
     QSaveFile out(target_path);
     const QByteArray bytes = document.toUtf8();
-    if (!out.open(QIODevice::WriteOnly)) {
+    // Unbuffered, so that a full disk fails the write itself and not a silent flush
+    // inside commit().
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         report_.error(file,
                       QStringLiteral("can't write '%1': %2").arg(target_path, out.errorString()));
         return false;

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTemporaryFile>
 
 #include <cstdio>
 #include <unistd.h>
@@ -51,6 +52,14 @@ bool check_pack_path(const QString& pack_path, console_report& report)
     }
     if (!info.absoluteDir().exists()) {
         report.error(pack_path, QStringLiteral("the archive's folder doesn't exist"));
+        return false;
+    }
+    // The archive is written only after every preset is converted; find out now
+    // whether the folder takes a file at all.
+    QTemporaryFile probe(info.absoluteDir().filePath(QStringLiteral(".lookwright-XXXXXX")));
+    if (!probe.open()) {
+        report.error(pack_path,
+                     QStringLiteral("can't write in the archive's folder: ") + probe.errorString());
         return false;
     }
     return true;

@@ -83,6 +83,34 @@ QMap<QString, QByteArray> read_archive(const QString& path)
     return entries;
 }
 
+// A small tmpfs mounted for the life of the object, to stand for a full or a
+// read-only disk. Needs the right to mount; `mounted()` says whether it worked.
+class scoped_mount
+{
+public:
+    scoped_mount(const QString& where, const QString& options) : where_(where)
+    {
+        QDir().mkpath(where);
+        mounted_ =
+            QProcess::execute(QStringLiteral("mount"),
+                              {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
+                               options, QStringLiteral("tmpfs"), where}) == 0;
+    }
+    ~scoped_mount()
+    {
+        if (mounted_) {
+            QProcess::execute(QStringLiteral("umount"), {where_});
+        }
+    }
+    scoped_mount(const scoped_mount&) = delete;
+    scoped_mount& operator=(const scoped_mount&) = delete;
+    bool mounted() const { return mounted_; }
+
+private:
+    QString where_;
+    bool mounted_ = false;
+};
+
 } // namespace
 
 class tst_converter : public QObject
@@ -98,6 +126,8 @@ private slots:
     void output_folder_faults();
     void target_taken_by_folder_keeps_other_files();
     void existing_style_survives_a_failed_write();
+    void full_disk_leaves_no_partial_file();
+    void read_only_disk();
     void name_collision_later_wins();
     void stylepacks_hold_the_separate_documents_data();
     void stylepacks_hold_the_separate_documents();
@@ -254,6 +284,54 @@ void tst_converter::existing_style_survives_a_failed_write()
     QCOMPARE(result.exit_code, 1);
     QVERIFY(result.err.contains(QStringLiteral("can't write")));
     QCOMPARE(read_all(existing), QByteArray("old"));
+}
+
+void tst_converter::full_disk_leaves_no_partial_file()
+{
+    const QString disk = dir_->filePath(QStringLiteral("disk"));
+    const scoped_mount mount(disk, QStringLiteral("size=16k"));
+    if (!mount.mounted()) {
+        QSKIP("mounting a small tmpfs needs privileges this run doesn't have");
+    }
+    const QByteArray old_style = "an older style";
+    test_support::write_file(disk, QStringLiteral("Warm.costyle"), old_style);
+    // Fill what is left, so that the next write finds no room.
+    QFile filler(disk + QStringLiteral("/filler"));
+    QVERIFY(filler.open(QIODevice::WriteOnly));
+    const QByteArray block(1024, 'x');
+    while (filler.write(block) == block.size() && filler.flush()) {
+    }
+    filler.close();
+
+    const QString warm = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const run_result result = run({QStringLiteral("-o"), disk, warm});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY2(result.err.contains(QStringLiteral("No space left on device")),
+             qPrintable(result.err));
+    QCOMPARE(read_all(disk + QStringLiteral("/Warm.costyle")), old_style);
+    QCOMPARE(QDir(disk).entryList(QDir::Files | QDir::Hidden),
+             (QStringList{QStringLiteral("filler"), QStringLiteral("Warm.costyle")}));
+}
+
+void tst_converter::read_only_disk()
+{
+    const QString disk = dir_->filePath(QStringLiteral("readonly"));
+    const scoped_mount mount(disk, QStringLiteral("ro,size=16k"));
+    if (!mount.mounted()) {
+        QSKIP("mounting a read-only tmpfs needs privileges this run doesn't have");
+    }
+    const QString warm = input(QStringLiteral("Warm.lrtemplate"), braced_template);
+    const run_result separate = run({QStringLiteral("-o"), disk, warm});
+    QCOMPARE(separate.exit_code, 1);
+    QVERIFY2(separate.err.contains(QStringLiteral("can't write")), qPrintable(separate.err));
+    const run_result packed =
+        run({QStringLiteral("-f"), QStringLiteral("stylepack"), QStringLiteral("-p"),
+             disk + QStringLiteral("/x.costylepack"), warm});
+    QCOMPARE(packed.exit_code, 1);
+    QVERIFY2(packed.err.contains(QStringLiteral("can't write in the archive's folder: ")),
+             qPrintable(packed.err));
+    QCOMPARE(packed.out, QStringLiteral("0 converted, 0 skipped, 1 failed\n"));
+    QCOMPARE(QDir(disk).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
 void tst_converter::name_collision_later_wins()

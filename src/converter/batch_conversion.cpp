@@ -127,7 +127,7 @@ bool batch_conversion::deliver(const QString& path, const QString& document)
     const QString target_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
     note_collision(path, target_name);
     if (packing_) {
-        stylepack_documents_.insert(target_name, document);
+        stylepack_documents_.insert(target_name, document.toUtf8());
         return true;
     }
     return save_separate(path, target_name, document);
@@ -171,7 +171,7 @@ bool batch_conversion::save_separate(const QString& file, const QString& target_
 
 bool batch_conversion::write_archive()
 {
-    if (!write_stylepack(options_.pack_path, options_.format, stylepack_documents_)) {
+    if (!write_stylepack_utf8(options_.pack_path, options_.format, stylepack_documents_)) {
         report_.error(options_.pack_path, QStringLiteral("the archive could not be written"));
         return false;
     }

@@ -50,8 +50,8 @@ private:
     const converter_options& options_;
     console_report& report_;
     bool packing_ = false;
-    // Target name to the document that waits for the archive, in entry order.
-    QMap<QString, QString> stylepack_documents_;
+    // Target name to the document (UTF-8) that waits for the archive, in entry order.
+    QMap<QString, QByteArray> stylepack_documents_;
     // Target name to the preset that last produced it, to tell about collisions.
     QHash<QString, QString> source_of_target_;
 };

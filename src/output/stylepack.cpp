@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QFileInfo>
-#include <QVector>
 #include <QtDebug>
 
 #include <zip.h>
@@ -23,17 +22,21 @@ QByteArray zip_code_text(int code)
 bool write_stylepack(const QString& path, const QString& format,
                      const QMap<QString, QString>& stylepack_documents)
 {
+    QMap<QString, QByteArray> entry_data;
+    for (auto it = stylepack_documents.constBegin(); it != stylepack_documents.constEnd(); ++it) {
+        entry_data.insert(it.key(), it.value().toUtf8());
+    }
+    return write_stylepack_utf8(path, format, entry_data);
+}
+
+// libzip's buffer sources don't copy and read only when the archive is closed, so
+// every entry's bytes, held by `entry_data`, must stay alive until zip_close.
+bool write_stylepack_utf8(const QString& path, const QString& format,
+                          const QMap<QString, QByteArray>& entry_data)
+{
     const QString entry_prefix = format == QLatin1String("stylepack_category")
                                      ? QFileInfo(path).completeBaseName() + QLatin1Char('/')
                                      : QString();
-
-    // libzip's buffer sources don't copy and read only when the archive is closed,
-    // so every entry's bytes must stay alive until zip_close.
-    QVector<QByteArray> entry_data;
-    entry_data.reserve(stylepack_documents.size());
-    for (const QString& document : stylepack_documents) {
-        entry_data.append(document.toUtf8());
-    }
 
     int error_code = 0;
     zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, &error_code);
@@ -44,11 +47,10 @@ bool write_stylepack(const QString& path, const QString& format,
     bool complete = archive != nullptr;
 
     int i = 0;
-    for (auto it = stylepack_documents.constBegin(); it != stylepack_documents.constEnd();
-         ++it, ++i) {
+    for (auto it = entry_data.constBegin(); it != entry_data.constEnd(); ++it, ++i) {
         const QString entry_name = entry_prefix + it.key();
         qDebug("Key %i: '%s' -> '%s'", i, qUtf8Printable(it.key()), qUtf8Printable(entry_name));
-        const QByteArray& data = entry_data[i];
+        const QByteArray& data = it.value();
         zip_source_t* source = zip_source_buffer_create(
             data.constData(), static_cast<zip_uint64_t>(data.size()), 0, nullptr);
         if (source == nullptr) {

@@ -4,8 +4,6 @@
 
 #include <QtTest>
 
-#include <zip.h>
-
 #include <unistd.h>
 
 namespace {
@@ -60,27 +58,6 @@ QByteArray without_uuid(QByteArray document)
         document.replace(at + 12, 36, QByteArray(36, '-'));
     }
     return document;
-}
-
-QMap<QString, QByteArray> read_archive(const QString& path)
-{
-    QMap<QString, QByteArray> entries;
-    int error = 0;
-    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, &error);
-    if (archive == nullptr) {
-        return entries;
-    }
-    for (zip_int64_t i = 0; i < zip_get_num_entries(archive, 0); ++i) {
-        zip_stat_t stat;
-        zip_stat_index(archive, zip_uint64_t(i), 0, &stat);
-        QByteArray data(int(stat.size), '\0');
-        zip_file_t* file = zip_fopen_index(archive, zip_uint64_t(i), 0);
-        zip_fread(file, data.data(), stat.size);
-        zip_fclose(file);
-        entries.insert(QString::fromUtf8(stat.name), data);
-    }
-    zip_close(archive);
-    return entries;
 }
 
 // A small tmpfs mounted for the life of the object, to stand for a full or a
@@ -373,13 +350,15 @@ void tst_converter::stylepacks_hold_the_separate_documents()
     QCOMPARE(packed.exit_code, 0);
     QCOMPARE(packed.out, QStringLiteral("3 converted, 0 skipped, 0 failed\n"));
 
-    const QMap<QString, QByteArray> entries = read_archive(pack);
-    QCOMPARE(entries.keys(), (QStringList{prefix + "Cool.costyle", prefix + "Warm.costyle",
-                                          prefix + QStringLiteral("Ärger.costyle")}));
-    for (auto it = entries.constBegin(); it != entries.constEnd(); ++it) {
-        const QString file = dir_->filePath(QStringLiteral("out/") + it.key().mid(prefix.size()));
-        QCOMPARE(without_uuid(it.value()), without_uuid(read_all(file)));
+    const QVector<test_support::archive_entry> entries = test_support::read_archive(pack);
+    QStringList names;
+    for (const test_support::archive_entry& entry : entries) {
+        names << entry.name;
+        const QString file = dir_->filePath(QStringLiteral("out/") + entry.name.mid(prefix.size()));
+        QCOMPARE(without_uuid(entry.data), without_uuid(read_all(file)));
     }
+    QCOMPARE(names, (QStringList{prefix + "Cool.costyle", prefix + "Warm.costyle",
+                                 prefix + QStringLiteral("Ärger.costyle")}));
 }
 
 void tst_converter::archive_path_that_cannot_be_created()

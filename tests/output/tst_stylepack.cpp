@@ -3,39 +3,10 @@
 
 #include <QtTest>
 
-#include <zip.h>
-
 namespace {
 
-struct archive_entry
-{
-    QString name;
-    QByteArray data;
-};
-
-// Reads every entry of a ZIP back, in archive order; empty if it can't be opened.
-QVector<archive_entry> read_archive(const QString& path)
-{
-    QVector<archive_entry> entries;
-    int error = 0;
-    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, &error);
-    if (archive == nullptr) {
-        return entries;
-    }
-    const zip_int64_t count = zip_get_num_entries(archive, 0);
-    for (zip_int64_t i = 0; i < count; ++i) {
-        zip_stat_t stat;
-        zip_stat_index(archive, zip_uint64_t(i), 0, &stat);
-        QByteArray data(int(stat.size), '\0');
-        zip_file_t* file = zip_fopen_index(archive, zip_uint64_t(i), 0);
-        zip_fread(file, data.data(), stat.size);
-        zip_fclose(file);
-        entries.append(
-            {QString::fromUtf8(zip_get_name(archive, zip_uint64_t(i), ZIP_FL_ENC_RAW)), data});
-    }
-    zip_close(archive);
-    return entries;
-}
+using test_support::archive_entry;
+using test_support::read_archive;
 
 QStringList names_of(const QVector<archive_entry>& entries)
 {

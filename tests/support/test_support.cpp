@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QXmlStreamReader>
 
+#include <zip.h>
+
 namespace test_support {
 
 namespace {
@@ -149,6 +151,30 @@ QString levels_of(const point_list& points)
         pairs << QStringLiteral("%1,%2").arg(point.x()).arg(point.y());
     }
     return pairs.join(QLatin1Char(' '));
+}
+
+QVector<archive_entry> read_archive(const QString& path)
+{
+    QVector<archive_entry> entries;
+    int error = 0;
+    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, &error);
+    if (archive == nullptr) {
+        return entries;
+    }
+    const zip_int64_t count = zip_get_num_entries(archive, 0);
+    for (zip_int64_t i = 0; i < count; ++i) {
+        zip_stat_t stat;
+        zip_stat_index(archive, zip_uint64_t(i), 0, &stat);
+        QByteArray data(int(stat.size), '\0');
+        zip_file_t* file = zip_fopen_index(archive, zip_uint64_t(i), 0);
+        if (file != nullptr) {
+            zip_fread(file, data.data(), stat.size);
+            zip_fclose(file);
+        }
+        entries.append({QString::fromUtf8(stat.name), data});
+    }
+    zip_close(archive);
+    return entries;
 }
 
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents)

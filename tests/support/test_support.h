@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <QtGlobal>
 
 #include <initializer_list>
@@ -52,6 +53,16 @@ QString document_value(const QString& document, const QString& key);
 // A curve from its levels, "x,y x,y ...", and back.
 point_list points_from(const QString& levels);
 QString levels_of(const point_list& points);
+
+// One entry of a ZIP archive as read back.
+struct archive_entry
+{
+    QString name;
+    QByteArray data;
+};
+
+// Every entry of the archive at `path`, in archive order; empty if it can't be opened.
+QVector<archive_entry> read_archive(const QString& path);
 
 // Writes `contents` to a new file in `dir` and returns its path.
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents);

@@ -16,10 +16,10 @@ const QString data_dir = QStringLiteral(LOOKWRIGHT_TEST_DATA "/xmp/");
 // A preset document with these attributes on its Description and these children.
 QByteArray xmp(const QByteArray& attributes, const QByteArray& children = QByteArray())
 {
-    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+    return "<x:xmpmeta xmlns:x=\"urn:x-example:meta\">\n"
            " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
            "  <rdf:Description rdf:about=\"\"\n"
-           "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"" +
+           "    xmlns:crs=\"urn:x-example:settings\"" +
            attributes + ">\n" + children +
            "  </rdf:Description>\n"
            " </rdf:RDF>\n"
@@ -111,7 +111,7 @@ void tst_xmp_reader::reads_description_data()
     const QStringList about{"about="};
     // clang-format off
     QTest::newRow("namespaces on the root")
-        << QByteArray("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\" xmlns:c=\"c\" xmlns:rdf=\"urn:r\"><rdf:RDF>"
+        << QByteArray("<x:xmpmeta xmlns:x=\"urn:x-example:meta\" xmlns:c=\"c\" xmlns:rdf=\"urn:r\"><rdf:RDF>"
                       "<rdf:Description c:A=\"1\"/></rdf:RDF></x:xmpmeta>") << QStringList{"A=1"} << "" << none;
     QTest::newRow("foreign namespaces count alike")
         << QByteArray("<m:xmpmeta xmlns:m=\"urn:m\"><r:RDF xmlns:r=\"urn:r\"><r:Description r:A=\"1\"/>"
@@ -189,7 +189,7 @@ void tst_xmp_reader::broken_documents_data()
         xmp(" crs:A=\"1\"", name_element("Kept") + seq("ToneCurvePV2012", "<rdf:li>1, 1</rdf:li>"));
     const QStringList kept{"A=1", "about="};
     // clang-format off
-    QTest::newRow("root not xmpmeta") << QByteArray("<x:other xmlns:x=\"adobe:ns:meta/\"/>")
+    QTest::newRow("root not xmpmeta") << QByteArray("<x:other xmlns:x=\"urn:x-example:meta\"/>")
         << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList() << "";
     QTest::newRow("broken behind a foreign root") << QByteArray("<other></wrong>")
         << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList() << "";

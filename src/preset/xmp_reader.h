@@ -3,7 +3,7 @@
 // Reads .xmp presets: XMP metadata whose one rdf:Description holds the develop
 // settings as attributes, and names and curves as child elements:
 //
-//     <x:xmpmeta xmlns:x="adobe:ns:meta/">
+//     <x:xmpmeta xmlns:x="urn:x-example:meta">
 //      <rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#">
 //       <rdf:Description rdf:about="" crs:Temperature="5000" crs:Shadows2012="+12">
 //        <crs:Name><rdf:Alt><rdf:li xml:lang="x-default">Warm</rdf:li></rdf:Alt></crs:Name>

@@ -1,8 +1,13 @@
 #include "preset/xmp_reader.h"
 
+#include "preset/record_text.h"
 #include "support/test_support.h"
 
 #include <QtTest>
+
+using record_text::curves;
+using record_text::entries;
+using record_text::points;
 
 namespace {
 
@@ -11,10 +16,10 @@ const QString data_dir = QStringLiteral(LOOKWRIGHT_TEST_DATA "/xmp/");
 // A preset document with these attributes on its Description and these children.
 QByteArray xmp(const QByteArray& attributes, const QByteArray& children = QByteArray())
 {
-    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+    return "<x:xmpmeta xmlns:x=\"urn:x-example:meta\">\n"
            " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
            "  <rdf:Description rdf:about=\"\"\n"
-           "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"" +
+           "    xmlns:crs=\"urn:x-example:settings\"" +
            attributes + ">\n" + children +
            "  </rdf:Description>\n"
            " </rdf:RDF>\n"
@@ -36,31 +41,6 @@ QByteArray name_element(const QByteArray& name)
     return alt("Name", "<rdf:li xml:lang=\"x-default\">" + name + "</rdf:li>");
 }
 
-QStringList entries(const preset_settings& preset)
-{
-    QStringList result;
-    for (auto it = preset.settings.constBegin(); it != preset.settings.constEnd(); ++it) {
-        result << it.key() + QLatin1Char('=') + it.value();
-    }
-    return result;
-}
-
-QString points(const point_list& curve)
-{
-    QStringList result;
-    for (const QPoint& point : curve) {
-        result << QStringLiteral("%1,%2").arg(point.x()).arg(point.y());
-    }
-    return result.join(QLatin1Char(' '));
-}
-
-QString curves(const preset_settings& preset)
-{
-    return QStringList{points(preset.tone_curve), points(preset.tone_curve_red),
-                       points(preset.tone_curve_green), points(preset.tone_curve_blue)}
-        .join(QLatin1Char('|'));
-}
-
 QStringList without_debug(const QStringList& lines)
 {
     QStringList result;
@@ -71,17 +51,6 @@ QStringList without_debug(const QStringList& lines)
     }
     return result;
 }
-
-class quiet_log
-{
-public:
-    quiet_log() : previous_(qInstallMessageHandler(drop)) {}
-    ~quiet_log() { qInstallMessageHandler(previous_); }
-
-private:
-    static void drop(QtMsgType, const QMessageLogContext&, const QString&) {}
-    QtMessageHandler previous_;
-};
 
 const char* const premature_end = "Warning: 4 \"Premature end of document.\"";
 
@@ -120,21 +89,13 @@ private:
 
 void tst_xmp_reader::reads_fixture()
 {
+    QFile expected(data_dir + QStringLiteral("full_preset.expected"));
+    QVERIFY(expected.open(QIODevice::ReadOnly));
     preset_settings preset;
     test_support::log_capture log;
     load_xmp(preset, data_dir + QStringLiteral("full_preset.xmp"));
 
-    QCOMPARE(preset.name, QStringLiteral("Cool Morning"));
-    QCOMPARE(preset.description, QStringLiteral("A cool look for early light"));
-    QCOMPARE(
-        entries(preset),
-        (QStringList{"Cluster=", "ConvertToGrayscale=False",
-                     QString::fromUtf8("Copyright=\xc2\xa9 Lookwright & friends"),
-                     "Exposure2012=-0.35", "PresetType=Normal", "ProcessVersion=11.0",
-                     "Shadows2012=+12", "Temperature=5200", "Tint=+7", "ToneCurveName2012=Custom",
-                     "Version=14.4", "WhiteBalance=Custom", "about="}));
-    QCOMPARE(curves(preset),
-             QStringLiteral("0,0 64,58 255,255|0,0 255,250|0,3 255,255|0,12 128,136 255,255"));
+    QCOMPARE(record_text::describe(preset), QString::fromUtf8(expected.readAll()));
     QCOMPARE(without_debug(log.lines()), QStringList());
 }
 
@@ -145,98 +106,37 @@ void tst_xmp_reader::reads_description_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("curves");
 
-    const QString no_curves = QStringLiteral("|||");
-    QTest::newRow("prefix dropped")
-        << xmp(" crs:Temperature=\"5000\" crs:Shadows2012=\"+12\"")
-        << QStringList{"Shadows2012=+12", "Temperature=5000", "about="} << "" << no_curves;
-    QTest::newRow("same local name, later prefix wins")
-        << xmp(" xmlns:crd=\"d\" crs:WhiteBalance=\"Custom\" crd:WhiteBalance=\"Auto\"")
-        << QStringList{"WhiteBalance=Auto", "about="} << "" << no_curves;
-    QTest::newRow("empty value is present")
-        << xmp(" crs:Look=\"\"") << QStringList{"Look=", "about="} << "" << no_curves;
-    QTest::newRow("value unescaped")
-        << xmp(" crs:Text=\"a &amp; b &quot;c&quot; &#x41;\"")
-        << QStringList{"Text=a & b \"c\" A", "about="} << "" << no_curves;
+    // The fixture full_preset.xmp holds the common cases; these are the others.
+    const QString none = QStringLiteral("|||");
+    const QStringList about{"about="};
+    // clang-format off
     QTest::newRow("namespaces on the root")
-        << QByteArray("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\" xmlns:crs=\"c\" "
-                      "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:RDF>"
-                      "<rdf:Description crs:A=\"1\"/></rdf:RDF></x:xmpmeta>")
-        << QStringList{"A=1"} << "" << no_curves;
+        << QByteArray("<x:xmpmeta xmlns:x=\"urn:x-example:meta\" xmlns:c=\"c\" xmlns:rdf=\"urn:r\"><rdf:RDF>"
+                      "<rdf:Description c:A=\"1\"/></rdf:RDF></x:xmpmeta>") << QStringList{"A=1"} << "" << none;
     QTest::newRow("foreign namespaces count alike")
-        << QByteArray("<m:xmpmeta xmlns:m=\"urn:other\"><r:RDF xmlns:r=\"urn:r\"><r:Description "
-                      "r:A=\"1\"/></r:RDF></m:xmpmeta>")
-        << QStringList{"A=1"} << "" << no_curves;
-    QTest::newRow("name as attribute is a setting")
-        << xmp(" crs:Name=\"Attribute\"") << QStringList{"Name=Attribute", "about="} << ""
-        << no_curves;
-    QTest::newRow("name element") << xmp("", name_element("Warm")) << QStringList{"about="}
-                                  << "Warm" << no_curves;
-    QTest::newRow("first non-empty item wins")
-        << xmp("", alt("Name", "<rdf:li xml:lang=\"de\"></rdf:li><rdf:li>Second</rdf:li>"
-                               "<rdf:li>Third</rdf:li>"))
-        << QStringList{"about="} << "Second" << no_curves;
-    QTest::newRow("name without a list")
-        << xmp("", "<crs:Name>Plain</crs:Name>") << QStringList{"about="} << "" << no_curves;
+        << QByteArray("<m:xmpmeta xmlns:m=\"urn:m\"><r:RDF xmlns:r=\"urn:r\"><r:Description r:A=\"1\"/>"
+                      "</r:RDF></m:xmpmeta>") << QStringList{"A=1"} << "" << none;
+    QTest::newRow("name as attribute is a setting") << xmp(" crs:Name=\"Attribute\"")
+        << QStringList{"Name=Attribute", "about="} << "" << none;
+    QTest::newRow("name without a list") << xmp("", "<crs:Name>Plain</crs:Name>") << about << "" << none;
     QTest::newRow("name from children of the item")
-        << xmp("", alt("Name", "<rdf:li>a<b>b<c>c</c></b>d<!-- no --><![CDATA[<e>]]></rdf:li>"))
-        << QStringList{"about="} << "abcd<e>" << no_curves;
+        << xmp("", alt("Name", "<rdf:li>a<b>b<c>c</c></b>d<!-- no --><![CDATA[<e>]]></rdf:li>")) << about << "abcd<e>" << none;
     QTest::newRow("other children of the list skipped")
-        << xmp("", alt("Name", "<rdf:Bag><rdf:li>No</rdf:li></rdf:Bag><rdf:li>Yes</rdf:li>"))
-        << QStringList{"about="} << "Yes" << no_curves;
-    QTest::newRow("later name wins") << xmp("", name_element("One") + name_element("Two"))
-                                     << QStringList{"about="} << "Two" << no_curves;
-    QTest::newRow("points") << xmp("", seq("ToneCurvePV2012",
-                                           "<rdf:li>0, 0</rdf:li><rdf:li>255, 255</rdf:li>"))
-                            << QStringList{"about="} << ""
-                            << "0,0 255,255|||";
+        << xmp("", alt("Name", "<rdf:Bag><rdf:li>No</rdf:li></rdf:Bag><rdf:li>Yes</rdf:li>")) << about << "Yes" << none;
     QTest::newRow("malformed points")
-        << xmp("", seq("ToneCurvePV2012",
-                       "<rdf:li>abc</rdf:li><rdf:li> 12 , 34 , 56</rdf:li><rdf:li>7</rdf:li>"
-                       "<rdf:li></rdf:li><rdf:li>1,x</rdf:li><rdf:li>+5,-6</rdf:li>"
-                       "<rdf:li>1.5, 2</rdf:li>"))
-        << QStringList{"about="} << ""
-        << "0,0 12,34 7,0 0,0 1,0 5,-6 0,2|||";
-    QTest::newRow("old master curve before the new one")
-        << xmp("", seq("ToneCurve", "<rdf:li>1, 1</rdf:li>") +
-                       seq("ToneCurvePV2012", "<rdf:li>2, 2</rdf:li>"))
-        << QStringList{"about="} << ""
-        << "2,2|||";
+        << xmp("", seq("ToneCurvePV2012", "<rdf:li>abc</rdf:li><rdf:li> 12 , 34 , 56</rdf:li><rdf:li>7</rdf:li>"
+                       "<rdf:li></rdf:li><rdf:li>1,x</rdf:li><rdf:li>+5,-6</rdf:li><rdf:li>1.5, 2</rdf:li>"))
+        << about << "" << "0,0 12,34 7,0 0,0 1,0 5,-6 0,2|||";
     QTest::newRow("old master curve after the new one")
-        << xmp("", seq("ToneCurvePV2012", "<rdf:li>2, 2</rdf:li>") +
-                       seq("ToneCurve", "<rdf:li>1, 1</rdf:li>"))
-        << QStringList{"about="} << ""
-        << "1,1|||";
-    QTest::newRow("channel curves")
-        << xmp("", seq("ToneCurvePV2012Red", "<rdf:li>1, 2</rdf:li>") +
-                       seq("ToneCurvePV2012Green", "<rdf:li>3, 4</rdf:li>") +
-                       seq("ToneCurvePV2012Blue", "<rdf:li>5, 6</rdf:li>"))
-        << QStringList{"about="} << ""
-        << "|1,2|3,4|5,6";
-    QTest::newRow("old channel curve skipped")
-        << xmp("", seq("ToneCurveRed", "<rdf:li>1, 2</rdf:li>")) << QStringList{"about="} << ""
-        << no_curves;
+        << xmp("", seq("ToneCurvePV2012", "<rdf:li>2, 2</rdf:li>") + seq("ToneCurve", "<rdf:li>1, 1</rdf:li>"))
+        << about << "" << "1,1|||";
     QTest::newRow("other children of the sequence skipped")
-        << xmp("", "<crs:ToneCurvePV2012><rdf:Bag><rdf:li>8, 8</rdf:li></rdf:Bag><rdf:Seq>"
-                   "<rdf:Other>9, 9</rdf:Other><rdf:li>1, 1</rdf:li></rdf:Seq>"
-                   "</crs:ToneCurvePV2012>\n")
-        << QStringList{"about="} << ""
-        << "1,1|||";
-    QTest::newRow("nested description of a skipped element")
-        << xmp(" crs:A=\"1\"", "<crs:Look><rdf:Description crs:A=\"2\" crs:B=\"3\">" +
-                                   seq("ToneCurvePV2012", "<rdf:li>9, 9</rdf:li>") +
-                                   name_element("Inner") + "</rdf:Description></crs:Look>\n")
-        << QStringList{"A=1", "about="} << "" << no_curves;
-    QTest::newRow("second description never read")
-        << QByteArray(
-               "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
-               "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-               "<rdf:Description x:A=\"1\"/><rdf:Description x:B=\"2\"/></rdf:RDF></x:xmpmeta>")
-        << QStringList{"A=1"} << "" << no_curves;
+        << xmp("", "<crs:ToneCurvePV2012><rdf:Bag><rdf:li>8, 8</rdf:li></rdf:Bag><rdf:Seq><rdf:Other>9, 9</rdf:Other>"
+                   "<rdf:li>1, 1</rdf:li></rdf:Seq></crs:ToneCurvePV2012>") << about << "" << "1,1|||";
     QTest::newRow("broken behind the first description")
-        << QByteArray("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
-                      "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-                      "<rdf:Description x:A=\"1\"></rdf:Description></rdf:Broken><<<")
-        << QStringList{"A=1"} << "" << no_curves;
+        << QByteArray("<x:xmpmeta xmlns:x=\"a\"><rdf:RDF xmlns:rdf=\"r\"><rdf:Description x:A=\"1\">"
+                      "</rdf:Description></rdf:Broken><<<") << QStringList{"A=1"} << "" << none;
+    // clang-format on
 }
 
 void tst_xmp_reader::reads_description()
@@ -285,47 +185,31 @@ void tst_xmp_reader::broken_documents_data()
     QTest::addColumn<QStringList>("entries");
     QTest::addColumn<QString>("name");
 
-    const QByteArray rdf_namespace = "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"";
-    QTest::newRow("root not xmpmeta")
-        << QByteArray("<x:other xmlns:x=\"adobe:ns:meta/\"/>")
-        << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList()
-        << "";
-    QTest::newRow("broken behind a foreign root")
-        << QByteArray("<other></wrong>")
-        << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList()
-        << "";
-    QTest::newRow("no RDF") << QByteArray("<x:xmpmeta xmlns:x=\"a\"><rdf:Bag " + rdf_namespace +
-                                          "/></x:xmpmeta>")
-                            << QStringList{"Critical: No RDF element found at start of document"}
-                            << QStringList() << "";
-    QTest::newRow("no Description")
-        << QByteArray("<x:xmpmeta xmlns:x=\"a\"><rdf:RDF " + rdf_namespace +
-                      "><rdf:Bag/></rdf:RDF></x:xmpmeta>")
-        << QStringList{"Critical: No Description element found at start of document"}
-        << QStringList() << "";
-    QTest::newRow("empty xmpmeta")
-        << QByteArray("<?xml version=\"1.0\"?><x:xmpmeta xmlns:x=\"a\"/>") << QStringList()
-        << QStringList() << "";
-    QTest::newRow("empty RDF") << QByteArray("<x:xmpmeta xmlns:x=\"a\"><rdf:RDF " + rdf_namespace +
-                                             "/></x:xmpmeta>")
-                               << QStringList() << QStringList() << "";
-    QTest::newRow("empty file") << QByteArray() << QStringList{premature_end} << QStringList()
-                                << "";
-    QTest::newRow("not XML") << QByteArray("hello")
-                             << QStringList{"Warning: 3 \"Start tag expected.\""} << QStringList()
-                             << "";
-    QTest::newRow("repeated attribute")
-        << xmp(" crs:A=\"1\" crs:A=\"2\"")
-        << QStringList{"Warning: 3 \"Attribute 'crs:A' redefined.\""} << QStringList() << "";
     const QByteArray complete =
         xmp(" crs:A=\"1\"", name_element("Kept") + seq("ToneCurvePV2012", "<rdf:li>1, 1</rdf:li>"));
-    QTest::newRow("truncated inside a curve")
-        << complete.left(complete.indexOf("1, 1")) << QStringList{premature_end}
-        << QStringList{"A=1", "about="} << "Kept";
-    QTest::newRow("mismatched tags")
-        << xmp(" crs:A=\"1\"", name_element("Kept") + "<crs:X></crs:Y>")
-        << QStringList{"Warning: 3 \"Opening and ending tag mismatch.\""}
-        << QStringList{"A=1", "about="} << "Kept";
+    const QStringList kept{"A=1", "about="};
+    // clang-format off
+    QTest::newRow("root not xmpmeta") << QByteArray("<x:other xmlns:x=\"urn:x-example:meta\"/>")
+        << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList() << "";
+    QTest::newRow("broken behind a foreign root") << QByteArray("<other></wrong>")
+        << QStringList{"Critical: No xmpmeta element found at start of document"} << QStringList() << "";
+    QTest::newRow("no RDF") << QByteArray("<x:xmpmeta xmlns:x=\"a\"><x:Bag/></x:xmpmeta>")
+        << QStringList{"Critical: No RDF element found at start of document"} << QStringList() << "";
+    QTest::newRow("no Description") << QByteArray("<x:xmpmeta xmlns:x=\"a\"><x:RDF><x:Bag/></x:RDF></x:xmpmeta>")
+        << QStringList{"Critical: No Description element found at start of document"} << QStringList() << "";
+    QTest::newRow("empty xmpmeta") << QByteArray("<?xml version=\"1.0\"?><x:xmpmeta xmlns:x=\"a\"/>")
+        << QStringList() << QStringList() << "";
+    QTest::newRow("empty RDF") << QByteArray("<x:xmpmeta xmlns:x=\"a\"><x:RDF/></x:xmpmeta>")
+        << QStringList() << QStringList() << "";
+    QTest::newRow("empty file") << QByteArray() << QStringList{premature_end} << QStringList() << "";
+    QTest::newRow("not XML") << QByteArray("hello") << QStringList{"Warning: 3 \"Start tag expected.\""} << QStringList() << "";
+    QTest::newRow("repeated attribute") << xmp(" crs:A=\"1\" crs:A=\"2\"")
+        << QStringList{"Warning: 3 \"Attribute 'crs:A' redefined.\""} << QStringList() << "";
+    QTest::newRow("truncated inside a curve") << complete.left(complete.indexOf("1, 1"))
+        << QStringList{premature_end} << kept << "Kept";
+    QTest::newRow("mismatched tags") << xmp(" crs:A=\"1\"", name_element("Kept") + "<crs:X></crs:Y>")
+        << QStringList{"Warning: 3 \"Opening and ending tag mismatch.\""} << kept << "Kept";
+    // clang-format on
 }
 
 void tst_xmp_reader::broken_documents()
@@ -477,7 +361,7 @@ void tst_xmp_reader::large_file()
                                       "<crs:Many>" + skipped.repeated(half / skipped.size()) +
                                       "</crs:Many>" + seq("ToneCurvePV2012Red", point)));
     preset_settings preset;
-    const quiet_log quiet;
+    const record_text::quiet_log quiet;
     load_xmp(preset, path);
 
     QCOMPARE(preset.name, QStringLiteral("Large"));
@@ -489,46 +373,23 @@ void tst_xmp_reader::large_file()
 void tst_xmp_reader::costly_documents_cut_short_data()
 {
     QTest::addColumn<QByteArray>("document");
-    QTest::addColumn<QString>("name");
 
-    const QByteArray name = name_element("Read before");
-    // The parser gets no part of the block of data in which the cost runs over, so
-    // what is to be read before must stand in an earlier block.
-    const QByteArray padding(64 * 1024, ' ');
     QByteArray attributes;
     for (int i = 0; i < 300000; ++i) {
         attributes += " a" + QByteArray::number(i) + "=\"\"";
     }
-    QTest::newRow("many attributes on one element")
-        << xmp("", name + "<crs:Other" + attributes + "/>\n") << "Read before";
-    QTest::newRow("a namespace declared at every level")
-        << xmp("", name + QByteArray("<a xmlns:p=\"u\">").repeated(100000) +
-                       QByteArray("</a>").repeated(100000))
-        << "Read before";
-    QTest::newRow("very deep nesting") << xmp("", name + QByteArray("<a>").repeated(5000000) +
-                                                      QByteArray("</a>").repeated(5000000))
-                                       << "Read before";
-    QTest::newRow("entity references")
-        << "<!DOCTYPE x:xmpmeta [<!ENTITY e \"" + QByteArray(4000, 'e') + "\">]>" +
-               xmp("", name + padding + "<crs:Other>" + QByteArray("&e;").repeated(100000) +
-                           "</crs:Other>")
-        << "Read before";
-    QByteArray attribute_lists;
-    for (int i = 0; i < 100000; ++i) {
-        attribute_lists += "<!ATTLIST a b" + QByteArray::number(i) + " CDATA #IMPLIED>";
-    }
-    QTest::newRow("attribute list declarations")
-        << "<!DOCTYPE x:xmpmeta [" + attribute_lists + "]>" + xmp("", name) << "";
+    QTest::newRow("many attributes on one element") << "<crs:Other" + attributes + "/>";
+    QTest::newRow("very deep nesting")
+        << QByteArray("<a>").repeated(5000000) + QByteArray("</a>").repeated(5000000);
 }
 
 void tst_xmp_reader::costly_documents_cut_short()
 {
     QFETCH(QByteArray, document);
-    QFETCH(QString, name);
 
     preset_settings preset;
     test_support::log_capture log;
-    load_xmp(preset, write(document));
+    load_xmp(preset, write(xmp(" crs:A=\"1\"", name_element("Read before") + document)));
 
     const QStringList warnings = log.messages(QtWarningMsg);
     QCOMPARE(warnings.size(), 2);
@@ -536,7 +397,8 @@ void tst_xmp_reader::costly_documents_cut_short()
         warnings.at(0).startsWith(QLatin1String("XMP data too costly to parse, read up to byte ")),
         qPrintable(warnings.at(0)));
     QCOMPARE(warnings.at(1), QStringLiteral("4 \"Premature end of document.\""));
-    QCOMPARE(preset.name, name);
+    QCOMPARE(preset.name, QStringLiteral("Read before"));
+    QCOMPARE(entries(preset), (QStringList{"A=1", "about="}));
 }
 
 QTEST_GUILESS_MAIN(tst_xmp_reader)

@@ -22,30 +22,31 @@ Q_GLOBAL_STATIC(QMutex, console_lock)
 const QString libpng_srgb_warning =
     QStringLiteral("libpng warning: iCCP: known incorrect sRGB profile");
 
-struct level_output
+// Warnings go to standard output with the rest; only what is critical or fatal
+// goes to standard error.
+std::ostream& stream_for(QtMsgType type)
 {
-    const char* prefix;
-    std::ostream& stream;
-};
-
-level_output output_for(QtMsgType type)
-{
-    switch (type) {
-    case QtDebugMsg:
-        return {"Debug: ", std::cout};
-    case QtInfoMsg:
-        return {"Info: ", std::cout};
-    case QtWarningMsg:
-        return {"Warning: ", std::cout};
-    case QtCriticalMsg:
-        return {"Critical: ", std::cerr};
-    case QtFatalMsg:
-        break;
-    }
-    return {"Fatal: ", std::cerr};
+    return type == QtCriticalMsg || type == QtFatalMsg ? std::cerr : std::cout;
 }
 
 } // namespace
+
+const char* message_prefix(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return "Debug: ";
+    case QtInfoMsg:
+        return "Info: ";
+    case QtWarningMsg:
+        return "Warning: ";
+    case QtCriticalMsg:
+        return "Critical: ";
+    case QtFatalMsg:
+        break;
+    }
+    return "Fatal: ";
+}
 
 void install_message_handler(bool install, bool with_context)
 {
@@ -63,17 +64,18 @@ void message_handler(QtMsgType type, const QMessageLogContext& context, const QS
         line += " (" + QByteArray(context.file) + ":" + QByteArray::number(context.line) + ", " +
                 QByteArray(context.function) + ")";
     }
-    const level_output output = output_for(type);
+    const char* prefix = message_prefix(type);
+    std::ostream& stream = stream_for(type);
 
     if (log_sink) {
-        log_sink(QString::fromLatin1(output.prefix) + message + QLatin1Char('\n'));
+        log_sink(QString::fromLatin1(prefix) + message + QLatin1Char('\n'));
     }
 
     if (console_lock.isDestroyed()) {
-        output.stream << output.prefix << line.constData() << std::endl;
+        stream << prefix << line.constData() << std::endl;
     } else {
         QMutexLocker locker(console_lock());
-        output.stream << output.prefix << line.constData() << std::endl;
+        stream << prefix << line.constData() << std::endl;
     }
 
     if (type == QtFatalMsg && fatal_message_hook) {

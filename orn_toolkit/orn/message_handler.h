@@ -22,6 +22,10 @@ extern std::function<void(const QString& text, const QString& title)> fatal_mess
 // Adds source file, line and function to a console line when set.
 extern bool append_context;
 
+// "Debug: ", "Info: ", "Warning: ", "Critical: " or "Fatal: ": how a console line
+// of each level begins.
+const char* message_prefix(QtMsgType type);
+
 void install_message_handler(bool install, bool with_context);
 void message_handler(QtMsgType type, const QMessageLogContext& context, const QString& message);
 

@@ -1,6 +1,7 @@
 #include "converter/converter_log.h"
 
 #include "converter/console_report.h"
+#include "orn/message_handler.h"
 
 #include <QString>
 
@@ -26,13 +27,6 @@ int severity(QtMsgType type)
     return 4;
 }
 
-const char* prefix_of(QtMsgType type)
-{
-    static const char* const prefixes[] = {
-        "Debug: ", "Info: ", "Warning: ", "Critical: ", "Fatal: "};
-    return prefixes[severity(type)];
-}
-
 bool shown(QtMsgType type)
 {
     switch (active_level) {
@@ -52,7 +46,7 @@ void converter_message_handler(QtMsgType type, const QMessageLogContext& context
     if (active_report == nullptr || !shown(type)) {
         return;
     }
-    active_report->log_line(QLatin1String(prefix_of(type)) +
+    active_report->log_line(QLatin1String(orn::message_prefix(type)) +
                             qFormatLogMessage(type, context, message));
 }
 

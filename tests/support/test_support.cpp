@@ -1,5 +1,7 @@
 #include "support/test_support.h"
 
+#include "orn/message_handler.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QSettings>
@@ -23,23 +25,6 @@ void capture_handler(QtMsgType type, const QMessageLogContext&, const QString& m
     captured().append({type, message});
 }
 
-const char* prefix_of(QtMsgType type)
-{
-    switch (type) {
-    case QtDebugMsg:
-        return "Debug: ";
-    case QtInfoMsg:
-        return "Info: ";
-    case QtWarningMsg:
-        return "Warning: ";
-    case QtCriticalMsg:
-        return "Critical: ";
-    case QtFatalMsg:
-        break;
-    }
-    return "Fatal: ";
-}
-
 } // namespace
 
 log_capture::log_capture()
@@ -57,7 +42,7 @@ QStringList log_capture::lines() const
 {
     QStringList result;
     for (const auto& entry : captured()) {
-        result << QString::fromLatin1(prefix_of(entry.first)) + entry.second;
+        result << QString::fromLatin1(orn::message_prefix(entry.first)) + entry.second;
     }
     return result;
 }

@@ -5,7 +5,7 @@
 // The preset's own map of key to text.
 using setting_map = QMap<QString, QString>;
 
-class tst_inspect_preset : public QObject
+class tst_preset_inspection : public QObject
 {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ private slots:
     void flags();
 };
 
-void tst_inspect_preset::flags_data()
+void tst_preset_inspection::flags_data()
 {
     QTest::addColumn<setting_map>("settings");
     QTest::addColumn<bool>("white_balance");
@@ -52,7 +52,7 @@ void tst_inspect_preset::flags_data()
         << true;
 }
 
-void tst_inspect_preset::flags()
+void tst_preset_inspection::flags()
 {
     preset_settings preset;
     QFETCH(setting_map, settings);
@@ -66,5 +66,5 @@ void tst_inspect_preset::flags()
     QTEST(calibration, "calibration");
 }
 
-QTEST_GUILESS_MAIN(tst_inspect_preset)
-#include "tst_inspect_preset.moc"
+QTEST_GUILESS_MAIN(tst_preset_inspection)
+#include "tst_preset_inspection.moc"

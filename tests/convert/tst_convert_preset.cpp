@@ -36,10 +36,7 @@ private slots:
     void converting_twice_differs_in_uuid_only();
     void name_falls_back_to_about_data();
     void name_falls_back_to_about();
-    void strategy_log_lines_data();
-    void strategy_log_lines();
     void colour_space_read_from_settings_each_call();
-    void empty_record_converts();
     void same_in_every_colour_space_data();
     void same_in_every_colour_space();
 };
@@ -112,39 +109,6 @@ void tst_convert_preset::name_falls_back_to_about()
     QVERIFY(!value.isNull());
 }
 
-void tst_convert_preset::strategy_log_lines_data()
-{
-    QTest::addColumn<QString>("colour_space");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("adobe") << "adobe"
-                           << "Using AdobeRGB colorspace (converting)";
-    QTest::newRow("srgb") << "srgb"
-                          << "Using sRGB colorspace (converting)";
-    QTest::newRow("prophoto") << "prophoto"
-                              << "Using ProPhoto colorspace (some conversion)";
-    QTest::newRow("widegamut") << "widegamut"
-                               << "Using Wide Gamut RGB colorspace (converting)";
-    QTest::newRow("raw") << "raw"
-                         << "Using Wide Gamut RGB colorspace (RAW, some conversion)";
-    QTest::newRow("case matters") << "sRGB"
-                                  << "";
-    QTest::newRow("empty text") << ""
-                                << "";
-}
-
-void tst_convert_preset::strategy_log_lines()
-{
-    QFETCH(QString, colour_space);
-    QFETCH(QString, line);
-    preset_settings preset;
-    preset.name = QStringLiteral("x");
-    const test_support::log_capture log;
-    QVERIFY(!convert(preset, colour_space).isEmpty());
-    const QStringList using_lines =
-        log.messages(QtDebugMsg).filter(QRegularExpression(QStringLiteral("^Using ")));
-    QCOMPARE(using_lines, line.isEmpty() ? QStringList() : QStringList{line});
-}
-
 void tst_convert_preset::colour_space_read_from_settings_each_call()
 {
     const lut_set luts;
@@ -161,15 +125,6 @@ void tst_convert_preset::colour_space_read_from_settings_each_call()
     test_support::set_colour_space(QString());
 }
 
-void tst_convert_preset::empty_record_converts()
-{
-    const lut_set luts;
-    QString out;
-    QVERIFY(luts.convert_preset(preset_settings{}, &out, QStringLiteral("nonsense")));
-    QVERIFY(out.startsWith(QStringLiteral("<?xml version=\"1.0\"?>\n<SL Engine=\"900\">\n")));
-    QVERIFY(document_value(out, QStringLiteral("Name")).isEmpty());
-}
-
 // One preset with keys for white balance, both tone stages, clarity, saturation, the
 // colour editor, detail, vignette, grain and dehaze. Only the tint offset, the raw
 // highlight recovery and the raw white depth may differ between colour spaces.
@@ -180,6 +135,7 @@ void tst_convert_preset::same_in_every_colour_space_data()
     QTest::addColumn<QString>("highlight_recovery");
     QTest::addColumn<QString>("highlight");
     QTest::addColumn<QStringList>("warnings");
+    QTest::addColumn<QString>("using_line");
 
     const QString old_recovery = QStringLiteral("20.000000");
     const QString highlight = QStringLiteral("1;1;1;0.921750");
@@ -187,20 +143,26 @@ void tst_convert_preset::same_in_every_colour_space_data()
         QStringLiteral("get_tint_shift: Unknown color space: %1. Not ofsetting.");
     QTest::newRow("adobe") << "adobe"
                            << "6.666667" << old_recovery << highlight
-                           << QStringList{unknown.arg("adobe")};
+                           << QStringList{unknown.arg("adobe")}
+                           << "Using AdobeRGB colorspace (converting)";
     QTest::newRow("srgb") << "srgb"
-                          << "-7.333333" << old_recovery << highlight << QStringList();
+                          << "-7.333333" << old_recovery << highlight << QStringList()
+                          << "Using sRGB colorspace (converting)";
     QTest::newRow("prophoto") << "prophoto"
-                              << "-8.833333" << old_recovery << highlight << QStringList();
+                              << "-8.833333" << old_recovery << highlight << QStringList()
+                              << "Using ProPhoto colorspace (some conversion)";
     QTest::newRow("widegamut") << "widegamut"
-                               << "-8.333333" << old_recovery << highlight << QStringList();
+                               << "-8.333333" << old_recovery << highlight << QStringList()
+                               << "Using Wide Gamut RGB colorspace (converting)";
     QTest::newRow("raw") << "raw"
                          << "6.666667"
                          << "15.000000"
-                         << "1;1;1;0.750000" << QStringList();
+                         << "1;1;1;0.750000" << QStringList()
+                         << "Using Wide Gamut RGB colorspace (RAW, some conversion)";
+    // The literals are compared exactly: another spelling chooses nothing and says nothing.
     QTest::newRow("unknown") << "Raw"
                              << "6.666667" << old_recovery << highlight
-                             << QStringList{unknown.arg("Raw")};
+                             << QStringList{unknown.arg("Raw")} << "";
 }
 
 void tst_convert_preset::same_in_every_colour_space()
@@ -210,6 +172,7 @@ void tst_convert_preset::same_in_every_colour_space()
     QFETCH(QString, highlight_recovery);
     QFETCH(QString, highlight);
     QFETCH(QStringList, warnings);
+    QFETCH(QString, using_line);
 
     const QString colour_keys = QStringLiteral("Vibrance=25 HueAdjustmentGreen=-40 "
                                                "SaturationAdjustmentBlue=60 "
@@ -246,6 +209,8 @@ void tst_convert_preset::same_in_every_colour_space()
     const QString document = convert(preset, colour_space);
     QCOMPARE(stage_entries_in(document).join(QLatin1Char(' ')), expected);
     QCOMPARE(log.messages(QtWarningMsg), warnings);
+    QCOMPARE(log.messages(QtDebugMsg).filter(QRegularExpression(QStringLiteral("^Using "))),
+             using_line.isEmpty() ? QStringList() : QStringList{using_line});
     // The colour editor neither depends on the colour space nor on the other keys.
     const QString colour_editor = QStringLiteral("ColorCorrections");
     QCOMPARE(document_value(document, colour_editor),

@@ -4,8 +4,6 @@
 
 #include <QtTest>
 
-#include <unistd.h>
-
 namespace {
 
 const QByteArray braced_template = "s = {\n"
@@ -98,11 +96,9 @@ private slots:
     void init();
     void converts_folder_recursively_with_mixed_suffixes();
     void failures_are_reported_and_the_batch_goes_on();
-    void missing_input();
     void output_folder_faults_data();
     void output_folder_faults();
     void target_taken_by_folder_keeps_other_files();
-    void existing_style_survives_a_failed_write();
     void full_disk_leaves_no_partial_file();
     void read_only_disk();
     void name_collision_later_wins();
@@ -199,15 +195,6 @@ void tst_converter::failures_are_reported_and_the_batch_goes_on()
     QVERIFY(!QFileInfo::exists(dir_->filePath(QStringLiteral("out/Broken.costyle"))));
 }
 
-void tst_converter::missing_input()
-{
-    const run_result result =
-        run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in/absent.xmp")});
-    QCOMPARE(result.exit_code, 1);
-    QVERIFY(result.err.contains(QStringLiteral("in/absent.xmp: no such file or folder")));
-    QCOMPARE(result.out, QStringLiteral("0 converted, 0 skipped, 1 failed\n"));
-}
-
 void tst_converter::output_folder_faults_data()
 {
     QTest::addColumn<QString>("output");
@@ -243,24 +230,6 @@ void tst_converter::target_taken_by_folder_keeps_other_files()
     // Nothing half-written is left behind.
     QCOMPARE(QDir(dir_->filePath(QStringLiteral("out"))).entryList(QDir::Files | QDir::Hidden),
              QStringList{QStringLiteral("Cool.costyle")});
-}
-
-void tst_converter::existing_style_survives_a_failed_write()
-{
-    if (geteuid() == 0) {
-        QSKIP("a read-only folder can't stop root from writing");
-    }
-    const QString warm = input(QStringLiteral("Warm.lrtemplate"), braced_template);
-    const QString existing = test_support::write_file(dir_->filePath(QStringLiteral("out")),
-                                                      QStringLiteral("Warm.costyle"), "old");
-    QFile::setPermissions(dir_->filePath(QStringLiteral("out")),
-                          QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), warm});
-    QFile::setPermissions(dir_->filePath(QStringLiteral("out")),
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    QCOMPARE(result.exit_code, 1);
-    QVERIFY(result.err.contains(QStringLiteral("can't write")));
-    QCOMPARE(read_all(existing), QByteArray("old"));
 }
 
 void tst_converter::full_disk_leaves_no_partial_file()

@@ -6,7 +6,6 @@
 #include "support/test_support.h"
 
 #include <QStringList>
-#include <QtGlobal>
 
 namespace record_text {
 
@@ -40,20 +39,5 @@ inline QString describe(const preset_settings& preset)
                             line("curves:", curves(preset))};
     return (lines + entries(preset)).join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
-
-// Drops every message while it lives: the readers log each line or attribute, and a
-// large file would flood the test output.
-class quiet_log
-{
-public:
-    quiet_log() : previous_(qInstallMessageHandler(drop)) {}
-    ~quiet_log() { qInstallMessageHandler(previous_); }
-    quiet_log(const quiet_log&) = delete;
-    quiet_log& operator=(const quiet_log&) = delete;
-
-private:
-    static void drop(QtMsgType, const QMessageLogContext&, const QString&) {}
-    QtMessageHandler previous_;
-};
 
 } // namespace record_text

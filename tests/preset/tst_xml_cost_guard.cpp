@@ -12,38 +12,29 @@ struct guarded_read
     bool tripped = false;
 };
 
-// Reads `document` through a guard in the parser's block size, without parsing it.
+// Reads `document` through a guard, without parsing it.
 guarded_read read_guarded(const QByteArray& document)
 {
     QBuffer source;
     source.setData(document);
     source.open(QIODevice::ReadOnly);
     xml_cost_guard guard(source);
-    guarded_read result;
-    char block[8192];
-    qint64 count = 0;
-    while ((count = guard.read(block, sizeof block)) > 0) {
-        result.bytes.append(block, static_cast<int>(count));
+    return {guard.readAll(), guard.tripped()};
+}
+
+// `pattern` `count` times, with "@" standing for 0, 1, 2 and so on.
+QByteArray numbered(const char* pattern, int count)
+{
+    QByteArray result;
+    for (int i = 0; i < count; ++i) {
+        result += QByteArray(pattern).replace('@', QByteArray::number(i));
     }
-    result.tripped = guard.tripped();
     return result;
 }
 
 QByteArray element_with_attributes(int count)
 {
-    QByteArray element = "<e";
-    for (int i = 0; i < count; ++i) {
-        element += " a" + QByteArray::number(i) + "=\"1\"";
-    }
-    return element + "/>";
-}
-
-QByteArray utf16(const QByteArray& utf8)
-{
-    const QString text = QString::fromUtf8(utf8);
-    QByteArray result("\xff\xfe", 2);
-    result.append(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
-    return result;
+    return "<e" + numbered(" a@=\"1\"", count) + "/>";
 }
 
 QByteArray root(const QByteArray& content)
@@ -60,8 +51,7 @@ class tst_xml_cost_guard : public QObject
 private slots:
     void estimate_data();
     void estimate();
-    void passes_bytes_through();
-    void cut_at_a_block_boundary();
+    void passes_the_blocks_before_the_cut();
 };
 
 void tst_xml_cost_guard::estimate_data()
@@ -76,26 +66,10 @@ void tst_xml_cost_guard::estimate_data()
     // attributes; in that set it is text within one value.
     const QByteArray japanese =
         "<e t=\"\x1b$B" + QByteArray("\"a1=\"1").repeated(50000) + "\x1b(B\"/>";
-    QByteArray declarations;
-    for (int level = 0; level < 100; ++level) {
-        declarations += "<e";
-        for (int i = 0; i < 50; ++i) {
-            declarations += " xmlns:p" + QByteArray::number(level * 50 + i) + "=\"u\"";
-        }
-        declarations += ">";
-    }
-    QByteArray prefixed = "<p0:e";
-    for (int i = 0; i < 20; ++i) {
-        prefixed += " p0:a" + QByteArray::number(i) + "=\"1\"";
-    }
-    prefixed += "/>";
+    const QByteArray namespaces = "<e" + numbered(" xmlns:p@=\"u\"", 5000) + ">";
+    const QByteArray prefixed = "<p0:e" + numbered(" p0:a@=\"1\"", 20) + "/>";
     const QByteArray entity = "<!DOCTYPE root [<!ENTITY x \"" + QByteArray(4000, 'x') + "\">]>";
-    QByteArray few_lists;
-    QByteArray many_lists;
-    for (int i = 0; i < 100000; ++i) {
-        (i < 10 ? few_lists : many_lists) +=
-            "<!ATTLIST e b" + QByteArray::number(i) + " CDATA #IMPLIED>";
-    }
+    const QByteArray lists = "<!ATTLIST e b@ CDATA #IMPLIED>";
     const QByteArray parameter_entity = "<!DOCTYPE root [<!ENTITY % p \"<!ENTITY y 'y'>\">";
 
     // clang-format off
@@ -106,24 +80,21 @@ void tst_xml_cost_guard::estimate_data()
     QTest::newRow("20,000 attributes in a 50 MB file") << root(element_with_attributes(20000) + QByteArray("<e/>").repeated(12500000)) << false;
     QTest::newRow("attributes behind quoted markup") << root("<e x=\"'>'\" y='\">\"'" + many.mid(2)) << true;
     // What hides markup must neither count it nor swallow what follows.
-    QTest::newRow("attributes inside a comment") << root("<!-- " + many + " -->") << false;
-    QTest::newRow("attributes behind a comment") << root("<!-- > - ->-->" + many) << true;
-    QTest::newRow("attributes inside character data") << root("<![CDATA[" + many + "]]>") << false;
-    QTest::newRow("attributes behind character data") << root("<![CDATA[ ]] > ]]>" + many) << true;
-    QTest::newRow("attributes inside a processing instruction") << root("<?pi " + many + "?>") << false;
-    QTest::newRow("attributes behind a processing instruction") << root("<?pi ? > ?>" + many) << true;
+    QTest::newRow("attributes inside a comment, character data, an instruction")
+        << root("<!-- " + many + " --><![CDATA[" + many + "]]><?pi " + many + "?>") << false;
+    QTest::newRow("attributes behind a comment, character data, an instruction")
+        << root("<!-- > - ->--><![CDATA[ ]] > ]]><?pi ? > ?>" + many) << true;
     QTest::newRow("attributes behind a document type")
         << "<!DOCTYPE root SYSTEM \"a>b\" [<!ENTITY q \"<!ATTLIST e a CDATA '' >\"><!-- ]> '\" --><?pi ]> ?>]>" + root(many) << true;
     QTest::newRow("declared iso-2022-jp") << "<?xml version=\"1.0\" encoding=\"ISO-2022-JP\"?>" + root(japanese) << false;
     QTest::newRow("undeclared iso-2022-jp") << root(japanese) << true;
-    QTest::newRow("utf-16 text, 5,000 attributes") << utf16(root(element_with_attributes(5000))) << false;
-    QTest::newRow("utf-16 text, 50,000 attributes") << utf16(root(many)) << true;
+    QTest::newRow("utf-16 text") << QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromLatin1(root(many))) << true;
 
     QTest::newRow("10 namespaces over 100,000 elements")
         << "<root xmlns:a=\"1\" xmlns:b=\"2\" xmlns:c=\"3\" xmlns:d=\"4\" xmlns:e=\"5\" xmlns:f=\"6\" xmlns:g=\"7\" "
            "xmlns:h=\"8\" xmlns:i=\"9\" xmlns=\"10\">" + QByteArray("<a:e a:x=\"1\"/>").repeated(100000) + "</root>" << false;
-    QTest::newRow("prefixed attributes under 5,000 namespaces") << root(declarations + prefixed.repeated(1000) + QByteArray("</e>").repeated(100)) << true;
-    QTest::newRow("elements under 5,000 namespaces") << root(declarations + QByteArray("<p0:e/>").repeated(30000) + QByteArray("</e>").repeated(100)) << true;
+    QTest::newRow("prefixed attributes under 5,000 namespaces") << root(namespaces + prefixed.repeated(1000) + "</e>") << true;
+    QTest::newRow("elements under 5,000 namespaces") << root(namespaces + QByteArray("<p0:e/>").repeated(30000) + "</e>") << true;
     QTest::newRow("a namespace declared at each of 100,000 levels") << root(QByteArray("<e xmlns:p=\"u\">").repeated(100000) + QByteArray("</e>").repeated(100000)) << true;
     QTest::newRow("a namespace declared in each of 100,000 closed elements") << root(QByteArray("<e xmlns:p=\"u\"></e>").repeated(100000)) << false;
 
@@ -134,8 +105,8 @@ void tst_xml_cost_guard::estimate_data()
     QTest::newRow("10,000 entity references") << entity + root(QByteArray("&x;").repeated(10000)) << true;
     QTest::newRow("10,000 entity references in attributes") << entity + root(QByteArray("<e a=\"&x;\"/>").repeated(10000)) << true;
     QTest::newRow("a million predefined and character references") << root(QByteArray("&lt;&gt;&amp;&apos;&quot;&#65;&#x42;").repeated(150000)) << false;
-    QTest::newRow("10 attribute lists over 10,000 elements") << "<!DOCTYPE root [" + few_lists + "]>" + root(QByteArray("<e/>").repeated(10000)) << false;
-    QTest::newRow("100,000 attribute lists") << "<!DOCTYPE root [" + many_lists + "]><root/>" << true;
+    QTest::newRow("10 attribute lists over 10,000 elements") << "<!DOCTYPE root [" + numbered(lists, 10) + "]>" + root(QByteArray("<e/>").repeated(10000)) << false;
+    QTest::newRow("100,000 attribute lists") << "<!DOCTYPE root [" + numbered(lists, 100000) + "]><root/>" << true;
     QTest::newRow("3 parameter entity references") << parameter_entity + "%p;%p;%p;]>" + root("<e/>") << false;
     QTest::newRow("1,000 parameter entity references") << parameter_entity + QByteArray("%p;").repeated(1000) + "]>" + root("<e/>") << true;
     // clang-format on
@@ -149,24 +120,15 @@ void tst_xml_cost_guard::estimate()
     test_support::log_capture log;
     const guarded_read result = read_guarded(document);
     QCOMPARE(result.tripped, tripped);
+    // The bytes pass unchanged, up to the block in which the estimate went over.
+    QCOMPARE(result.bytes, tripped ? document.left(result.bytes.size()) : document);
+    QCOMPARE(log.lines(), tripped ? QStringList{QStringLiteral("Warning: XMP data too costly to "
+                                                               "parse, read up to byte %1")
+                                                    .arg(result.bytes.size())}
+                                  : QStringList());
 }
 
-void tst_xml_cost_guard::passes_bytes_through()
-{
-    QByteArray document = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<root a=\"\xe9\">";
-    for (int i = 0; i < 20000; ++i) {
-        document += "<e n=\"" + QByteArray::number(i) + "\">&amp;\xe0</e>\n";
-    }
-    document += "</root>";
-    test_support::log_capture log;
-
-    const guarded_read result = read_guarded(document);
-    QVERIFY(!result.tripped);
-    QCOMPARE(result.bytes, document);
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void tst_xml_cost_guard::cut_at_a_block_boundary()
+void tst_xml_cost_guard::passes_the_blocks_before_the_cut()
 {
     const QByteArray document = root(QByteArray(100000, ' ') + element_with_attributes(100000));
     test_support::log_capture log;
@@ -175,10 +137,6 @@ void tst_xml_cost_guard::cut_at_a_block_boundary()
     QVERIFY(result.tripped);
     QVERIFY(result.bytes.size() >= 100000);
     QVERIFY(result.bytes.size() < document.size());
-    QCOMPARE(result.bytes, document.left(result.bytes.size()));
-    QCOMPARE(log.lines(), QStringList{QStringLiteral("Warning: XMP data too costly to parse, read "
-                                                     "up to byte %1")
-                                          .arg(result.bytes.size())});
 }
 
 QTEST_GUILESS_MAIN(tst_xml_cost_guard)

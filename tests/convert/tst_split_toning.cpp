@@ -1,7 +1,5 @@
 // Split toning and the monochrome mixer: the toning multipliers, the colour
 // balance and Bw keys they become, and the mixer's Bw sliders.
-#include "convert/hue_correction.h"
-#include "convert/lut_set.h"
 #include "convert/monochrome_mix.h"
 #include "convert/number_text.h"
 #include "convert/toning_multipliers.h"
@@ -12,16 +10,11 @@
 
 using converted_entries::convert;
 using converted_entries::preset_from;
-using converted_entries::stage_entries_in;
+using converted_entries::stage_entries;
 using converted_entries::words;
 using test_support::document_value;
 
 namespace {
-
-QStringList entries(const QString& settings, const QString& colour_space = QStringLiteral("raw"))
-{
-    return stage_entries_in(convert(preset_from(words(settings)), colour_space));
-}
 
 QString triple_text(const colour_factors& triple)
 {
@@ -35,13 +28,6 @@ QString triple(const char* factor)
 }
 
 const QString ones = triple("1.000000");
-
-// BwDarkHue and BwLightHue: the hue corrected through the sRGB table, in degrees.
-QString corrected_degrees(float degrees)
-{
-    const float corrected = static_cast<float>(corrected_hue(lut_set().srgb(), degrees));
-    return QString::number(static_cast<double>(corrected / 1000.0f), 'f', 6);
-}
 
 const rgb_levels red{255, 0, 0};
 const rgb_levels white{255, 255, 255};
@@ -63,13 +49,10 @@ private slots:
     void multipliers();
     void mixer_sum_with_half_data();
     void mixer_sum_with_half();
-    void monochrome_without_toning_keys();
-    void mixer_keys();
-    void colour_with_only_a_parametric_key();
     void colour_balance_data();
     void colour_balance();
-    void monochrome_toning_data();
-    void monochrome_toning();
+    void entries_data();
+    void entries();
 };
 
 void tst_split_toning::balance_data()
@@ -157,41 +140,6 @@ void tst_split_toning::mixer_sum_with_half()
     QTEST(six_decimal(clamped_sum_with_half(a, b)), "expected");
 }
 
-// A monochrome preset writes the mixer and the toning keys even when it has
-// neither, untoned as hue 0 and saturation 0.
-void tst_split_toning::monochrome_without_toning_keys()
-{
-    const QString hue = corrected_degrees(0.0f);
-    const QStringList expected{
-        "BwBlue=0.000000",    "BwCyan=0.000000",  "BwDarkHue=" + hue,  "BwDarkSaturation=0.000000",
-        "BwEnabled=1",        "BwGreen=0.000000", "BwLightHue=" + hue, "BwLightSaturation=0.000000",
-        "BwMagenta=0.000000", "BwRed=0.000000",   "BwYellow=0.000000"};
-    QCOMPARE(entries(QStringLiteral("ConvertToGrayscale=true")), expected);
-}
-
-// Orange and purple go half to each neighbour; aqua and green pass uncut; a text
-// that doesn't read is 0.
-void tst_split_toning::mixer_keys()
-{
-    const QStringList mixer =
-        entries(QStringLiteral("ConvertToGrayscale=TRUE GrayMixerRed=-100 GrayMixerOrange=100 "
-                               "GrayMixerYellow=30 GrayMixerGreen=-120 GrayMixerAqua=150 "
-                               "GrayMixerBlue=abc GrayMixerPurple=60 GrayMixerMagenta=90"))
-            .filter(QRegularExpression(
-                QStringLiteral("^Bw(Blue|Cyan|Enabled|Green|Magenta|Red|Yellow)=")));
-    const QStringList expected{"BwBlue=30.000000",    "BwCyan=150.000000",    "BwEnabled=1",
-                               "BwGreen=-120.000000", "BwMagenta=100.000000", "BwRed=-50.000000",
-                               "BwYellow=80.000000"};
-    QCOMPARE(mixer, expected);
-}
-
-void tst_split_toning::colour_with_only_a_parametric_key()
-{
-    const QStringList expected{"ColorBalanceHighlight=" + triple("1.333333"),
-                               "ColorBalanceMidtone=" + ones, "ColorBalanceShadow=" + ones};
-    QCOMPARE(entries(QStringLiteral("ParametricHighlights=100")), expected);
-}
-
 // Colour presets: the three colour-balance values, there only when a split-toning
 // or parametric key is, readable or not. An untoned value is one factor thrice.
 void tst_split_toning::colour_balance_data()
@@ -246,35 +194,61 @@ void tst_split_toning::colour_balance()
     QVERIFY(document_value(document, QStringLiteral("BwEnabled")).isNull());
 }
 
-void tst_split_toning::monochrome_toning_data()
+void tst_split_toning::entries_data()
 {
     QTest::addColumn<QString>("colour_space");
+    QTest::addColumn<QString>("settings");
+    QTest::addColumn<QString>("expected"); // all but Name, UUID and ColorCorrections
+
+    // A monochrome preset writes the mixer and the toning keys even when it has
+    // neither, untoned as hue 0 and saturation 0; hue 0 comes out of the sRGB
+    // table as 341.4 degrees.
+    QTest::newRow("monochrome without toning keys")
+        << "raw"
+        << "ConvertToGrayscale=true"
+        << "BwBlue=0.000000 BwCyan=0.000000 BwDarkHue=341.411987 BwDarkSaturation=0.000000 "
+           "BwEnabled=1 "
+           "BwGreen=0.000000 BwLightHue=341.411987 BwLightSaturation=0.000000 BwMagenta=0.000000 "
+           "BwRed=0.000000 BwYellow=0.000000";
+    // Orange and purple go half to each neighbour; aqua and green pass uncut; a
+    // text that doesn't read is 0.
+    QTest::newRow("monochrome mixer")
+        << "raw"
+        << "ConvertToGrayscale=TRUE GrayMixerRed=-100 GrayMixerOrange=100 GrayMixerYellow=30 "
+           "GrayMixerGreen=-120 GrayMixerAqua=150 GrayMixerBlue=abc GrayMixerPurple=60 "
+           "GrayMixerMagenta=90"
+        << "BwBlue=30.000000 BwCyan=150.000000 BwDarkHue=341.411987 BwDarkSaturation=0.000000 "
+           "BwEnabled=1 BwGreen=-120.000000 BwLightHue=341.411987 BwLightSaturation=0.000000 "
+           "BwMagenta=100.000000 BwRed=-50.000000 BwYellow=80.000000";
+    QTest::newRow("colour with only a parametric key")
+        << "raw"
+        << "ParametricHighlights=100"
+        << "ColorBalanceHighlight=1.333333;1.333333;1.333333 "
+           "ColorBalanceMidtone=1.000000;1.000000;1.000000 "
+           "ColorBalanceShadow=1.000000;1.000000;1.000000";
+    // The hues go through the sRGB table in every colour space. Saturations pass
+    // as read on the dark side and times 0.4 on the light side, and the
+    // colour-balance keys carry the factors alone.
     for (const char* space : {"adobe", "srgb", "prophoto", "widegamut", "raw", "sRGB"}) {
-        QTest::newRow(space) << QString::fromLatin1(space);
+        QTest::addRow("toned monochrome in %s", space)
+            << space
+            << "ConvertToGrayscale=true SplitToningShadowHue=200 SplitToningShadowSaturation=100 "
+               "SplitToningHighlightHue=40 SplitToningHighlightSaturation=30 "
+               "SplitToningBalance=-100 ParametricLights=-50"
+            << "BwBlue=0.000000 BwCyan=0.000000 BwDarkHue=188.613007 BwDarkSaturation=100.000000 "
+               "BwEnabled=1 BwGreen=0.000000 BwLightHue=32.615002 BwLightSaturation=12.000000 "
+               "BwMagenta=0.000000 BwRed=0.000000 BwYellow=0.000000 "
+               "ColorBalanceHighlight=1.000000;1.000000;1.000000 "
+               "ColorBalanceMidtone=0.875000;0.875000;0.875000 "
+               "ColorBalanceShadow=1.000000;1.000000;1.000000";
     }
 }
 
-// The hues go through the sRGB table in every colour space. Saturations pass as
-// read on the dark side and times 0.4 on the light side, and the colour-balance
-// keys carry the factors alone.
-void tst_split_toning::monochrome_toning()
+void tst_split_toning::entries()
 {
     QFETCH(QString, colour_space);
-    const QStringList toning =
-        entries(QStringLiteral("ConvertToGrayscale=true SplitToningShadowHue=200 "
-                               "SplitToningShadowSaturation=100 SplitToningHighlightHue=40 "
-                               "SplitToningHighlightSaturation=30 SplitToningBalance=-100 "
-                               "ParametricLights=-50"),
-                colour_space)
-            .filter(QRegularExpression(QStringLiteral("^(BwDark|BwLight|ColorBalance)")));
-    const QStringList expected{"BwDarkHue=" + corrected_degrees(200.0f),
-                               "BwDarkSaturation=100.000000",
-                               "BwLightHue=" + corrected_degrees(40.0f),
-                               "BwLightSaturation=12.000000",
-                               "ColorBalanceHighlight=" + ones,
-                               "ColorBalanceMidtone=" + triple("0.875000"),
-                               "ColorBalanceShadow=" + ones};
-    QCOMPARE(toning, expected);
+    QFETCH(QString, settings);
+    QTEST(stage_entries(settings, colour_space), "expected");
 }
 
 QTEST_GUILESS_MAIN(tst_split_toning)

@@ -67,7 +67,6 @@ private slots:
     void inverse_skips_levels();
     void folds_data();
     void folds();
-    void resamples_master_data();
     void resamples_master();
 };
 
@@ -219,29 +218,25 @@ void tst_curve_compensation::folds_data()
     QTest::addColumn<QString>("expected");
     QTest::addColumn<QVector<int>>("offsets");
 
-    QTest::newRow("below 0: all three lifted, half to the next")
-        << "-30,0,5 10,20,30 20,20,20"
-        << "0,30,35 25,35,45 20,20,20" << QVector<int>{-30, -15, 0};
-    QTest::newRow("the half truncates towards zero") << "-15,0,0 0,0,0"
-                                                     << "0,15,15 7,7,7" << QVector<int>{-15, -7};
-    QTest::newRow("no half step onto a point below 0")
-        << "-30,0,0 -10,0,0 0,0,0"
-        << "0,30,30 0,10,10 5,5,5" << QVector<int>{-30, -10, -5};
-    QTest::newRow("above 255: all three lowered, half to the previous")
-        << "200,200,200 255,300,250"
-        << "178,178,178 210,255,205" << QVector<int>{22, 45};
-    QTest::newRow("just above 255 has no half to give")
-        << "100,100,100 256,0,0"
-        << "100,100,100 255,-1,-1" << QVector<int>{0, 1};
-    QTest::newRow("neighbours above 255 keep their own offsets")
-        << "100,100,100 300,0,0 280,0,0"
-        << "78,78,78 255,-45,-45 255,-25,-25" << QVector<int>{22, 45, 25};
-    QTest::newRow("the second pass overwrites the first")
-        << "-30,0,0 10,10,10 300,300,300"
-        << "0,30,30 3,3,3 255,255,255" << QVector<int>{-30, 22, 45};
-    QTest::newRow("a half step can leave a level below 0")
-        << "6,6,6 300,300,300"
-        << "-16,-16,-16 255,255,255" << QVector<int>{22, 45};
+    const auto row = [](const char* name, const char* channels, const char* expected,
+                        const QVector<int>& offsets) {
+        QTest::newRow(name) << QString(channels) << QString(expected) << offsets;
+    };
+    row("below 0: all three lifted, half to the next", "-30,0,5 10,20,30 20,20,20",
+        "0,30,35 25,35,45 20,20,20", {-30, -15, 0});
+    row("the half truncates towards zero", "-15,0,0 0,0,0", "0,15,15 7,7,7", {-15, -7});
+    row("no half step onto a point below 0", "-30,0,0 -10,0,0 0,0,0", "0,30,30 0,10,10 5,5,5",
+        {-30, -10, -5});
+    row("above 255: all three lowered, half to the previous", "200,200,200 255,300,250",
+        "178,178,178 210,255,205", {22, 45});
+    row("just above 255 has no half to give", "100,100,100 256,0,0", "100,100,100 255,-1,-1",
+        {0, 1});
+    row("neighbours above 255 keep their own offsets", "100,100,100 300,0,0 280,0,0",
+        "78,78,78 255,-45,-45 255,-25,-25", {22, 45, 25});
+    row("the second pass overwrites the first", "-30,0,0 10,10,10 300,300,300",
+        "0,30,30 3,3,3 255,255,255", {-30, 22, 45});
+    row("a half step can leave a level below 0", "6,6,6 300,300,300", "-16,-16,-16 255,255,255",
+        {22, 45});
 }
 
 void tst_curve_compensation::folds()
@@ -260,40 +255,23 @@ void tst_curve_compensation::folds()
     QCOMPARE(fold.raster_positions, positions);
 }
 
-void tst_curve_compensation::resamples_master_data()
-{
-    QTest::addColumn<QString>("master");
-    QTest::addColumn<QVector<int>>("offsets");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QStringList>("log");
-
-    QTest::newRow("offsets within range")
-        << "0,0 255,255" << QVector<int>{0, 10, -5} << "0,0 100,110 255,250"
-        << QStringList{"Info: Rastering RGB Curve at QVector(0, 100, 255)",
-                       "Info: Applying offsets QVector(0, 10, -5) to curve QVector(QPoint(0,0), "
-                       "QPoint(100,100), QPoint(255,255))",
-                       "Info: QVector(QPoint(0,0), QPoint(100,110), QPoint(255,250))"};
-    QTest::newRow("a lowered point below 0 warns and ends at 0")
-        << "0,10 255,265" << QVector<int>{-30, 10, -5} << "0,0 100,120 255,250"
-        << QStringList{"Info: Rastering RGB Curve at QVector(0, 100, 255)",
-                       "Info: Applying offsets QVector(-30, 10, -5) to curve QVector(QPoint(0,10), "
-                       "QPoint(100,110), QPoint(255,255))",
-                       "Warning: Applying offset -30 at QPoint(0,10) is resulting in out of range "
-                       "value -20.",
-                       "Info: QVector(QPoint(0,0), QPoint(100,120), QPoint(255,250))"};
-}
-
+// The master curve takes over the offsets at the raster positions, cut to 0..255
+// with a warning on either side.
 void tst_curve_compensation::resamples_master()
 {
-    QFETCH(QString, master);
-    QFETCH(QVector<int>, offsets);
-    QFETCH(QString, expected);
-    QFETCH(QStringList, log);
     range_fold fold;
     fold.raster_positions = {0.0, 100.0, 255.0};
-    fold.curve_offsets = offsets;
+    fold.curve_offsets = {-30, 10, 10};
     const test_support::log_capture capture;
-    QCOMPARE(levels_of(resample_master(points_from(master), fold)), expected);
+    QCOMPARE(levels_of(resample_master(points_from(QStringLiteral("0,10 255,250")), fold)),
+             QStringLiteral("0,0 100,114 255,255"));
+    const QStringList log{
+        "Info: Rastering RGB Curve at QVector(0, 100, 255)",
+        "Info: Applying offsets QVector(-30, 10, 10) to curve QVector(QPoint(0,10), "
+        "QPoint(100,104), QPoint(255,250))",
+        "Warning: Applying offset -30 at QPoint(0,10) is resulting in out of range value -20.",
+        "Warning: Applying offset 10 at QPoint(255,250) is resulting in out of range value 260.",
+        "Info: QVector(QPoint(0,0), QPoint(100,114), QPoint(255,255))"};
     QCOMPARE(capture.lines(), log);
 }
 

@@ -7,31 +7,30 @@
 #include "convert/lut_set.h"
 #include "support/test_support.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace converted_entries {
-
-// A preset with these "Key=Value" settings (split at the first '=') and no name.
-inline preset_settings preset_from(const QStringList& entries)
-{
-    preset_settings preset;
-    for (const QString& entry : entries) {
-        const int at = entry.indexOf(QLatin1Char('='));
-        preset.settings[entry.left(at)] = entry.mid(at + 1);
-    }
-    return preset;
-}
 
 inline QStringList words(const QString& text)
 {
     return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+// A preset with these "Key=Value" settings (split at the first '=') and no name.
+inline preset_settings preset_from(const QStringList& entries)
+{
+    preset_settings preset;
+    for (const QString& entry : entries) {
+        preset.settings[entry.section(QLatin1Char('='), 0, 0)] = entry.section(QLatin1Char('='), 1);
+    }
+    return preset;
+}
+
 inline QString convert(const preset_settings& preset, const QString& colour_space)
 {
-    const lut_set luts;
     QString out;
-    luts.convert_preset(preset, &out, colour_space);
+    lut_set().convert_preset(preset, &out, colour_space);
     return out;
 }
 
@@ -39,15 +38,9 @@ inline QString convert(const preset_settings& preset, const QString& colour_spac
 // ColorCorrections): what the other stages wrote, in document order.
 inline QStringList stage_entries_in(const QString& document)
 {
-    QStringList entries;
-    for (const QString& entry : test_support::document_entries(document)) {
-        if (!entry.startsWith(QLatin1String("Name=")) &&
-            !entry.startsWith(QLatin1String("UUID=")) &&
-            !entry.startsWith(QLatin1String("ColorCorrections="))) {
-            entries.append(entry);
-        }
-    }
-    return entries;
+    static const QRegularExpression other_stages(
+        QStringLiteral("^(?!Name=|UUID=|ColorCorrections=)"));
+    return test_support::document_entries(document).filter(other_stages);
 }
 
 // The entries the stages write for these blank-separated settings, joined by blanks.

@@ -3,7 +3,7 @@
 
 #include <QtTest>
 
-class tst_preset_inspection : public QObject
+class tst_preset_checks : public QObject
 {
     Q_OBJECT
 
@@ -12,7 +12,7 @@ private slots:
     void flags();
 };
 
-void tst_preset_inspection::flags_data()
+void tst_preset_checks::flags_data()
 {
     QTest::addColumn<QString>("settings");
     QTest::addColumn<bool>("white_balance");
@@ -40,7 +40,7 @@ void tst_preset_inspection::flags_data()
     row("all three at once", "Tint=5 RGBTable=x ShadowTint=1", true, true, true);
 }
 
-void tst_preset_inspection::flags()
+void tst_preset_checks::flags()
 {
     QFETCH(QString, settings);
     bool white_balance = false;
@@ -53,5 +53,5 @@ void tst_preset_inspection::flags()
     QTEST(calibration, "calibration");
 }
 
-QTEST_GUILESS_MAIN(tst_preset_inspection)
-#include "tst_preset_inspection.moc"
+QTEST_GUILESS_MAIN(tst_preset_checks)
+#include "tst_preset_checks.moc"

@@ -70,6 +70,7 @@ void tst_xml_cost_guard::estimate_data()
     const QByteArray prefixed = "<p0:e" + numbered(" p0:a@=\"1\"", 20) + "/>";
     const QByteArray entity = "<!DOCTYPE root [<!ENTITY x \"" + QByteArray(4000, 'x') + "\">]>";
     const QByteArray lists = "<!ATTLIST e b@ CDATA #IMPLIED>";
+    QTextCodec* utf16 = QTextCodec::codecForName("UTF-16");
     const QByteArray parameter_entity = "<!DOCTYPE root [<!ENTITY % p \"<!ENTITY y 'y'>\">";
 
     // clang-format off
@@ -81,14 +82,16 @@ void tst_xml_cost_guard::estimate_data()
     QTest::newRow("attributes behind quoted markup") << root("<e x=\"'>'\" y='\">\"'" + many.mid(2)) << true;
     // What hides markup must neither count it nor swallow what follows.
     QTest::newRow("attributes inside a comment, character data, an instruction")
-        << root("<!-- " + many + " --><![CDATA[" + many + "]]><?pi " + many + "?>") << false;
+        << root("<!-- > " + many + " --><![CDATA[> " + many + "]]><?pi > " + many + "?>") << false;
     QTest::newRow("attributes behind a comment, character data, an instruction")
         << root("<!-- > - ->--><![CDATA[ ]] > ]]><?pi ? > ?>" + many) << true;
     QTest::newRow("attributes behind a document type")
         << "<!DOCTYPE root SYSTEM \"a>b\" [<!ENTITY q \"<!ATTLIST e a CDATA '' >\"><!-- ]> '\" --><?pi ]> ?>]>" + root(many) << true;
     QTest::newRow("declared iso-2022-jp") << "<?xml version=\"1.0\" encoding=\"ISO-2022-JP\"?>" + root(japanese) << false;
     QTest::newRow("undeclared iso-2022-jp") << root(japanese) << true;
-    QTest::newRow("utf-16 text") << QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromLatin1(root(many))) << true;
+    // Read as UTF-8, the zero bytes of UTF-16 text would look like further attributes.
+    QTest::newRow("utf-16 text, 5,000 attributes") << utf16->fromUnicode(QString::fromLatin1(root(element_with_attributes(5000)))) << false;
+    QTest::newRow("utf-16 text, 50,000 attributes") << utf16->fromUnicode(QString::fromLatin1(root(many))) << true;
 
     QTest::newRow("10 namespaces over 100,000 elements")
         << "<root xmlns:a=\"1\" xmlns:b=\"2\" xmlns:c=\"3\" xmlns:d=\"4\" xmlns:e=\"5\" xmlns:f=\"6\" xmlns:g=\"7\" "

@@ -128,6 +128,7 @@ void tst_xmp_reader::reads_document_data()
         << QStringList() << "" << none << QStringList{"Critical: No Description element found at start of document"};
     QTest::newRow("empty xmpmeta") << QByteArray("<?xml version=\"1.0\"?><x:xmpmeta xmlns:x=\"a\"/>") << QStringList()
         << "" << none << QStringList();
+    QTest::newRow("empty file") << QByteArray("") << QStringList() << "" << none << QStringList{premature_end};
     // The item cut short still makes a point.
     QTest::newRow("truncated inside a curve") << complete.left(complete.indexOf("1, 1"))
         << QStringList{"A=1", "about="} << "Kept" << "0,0|||" << QStringList{premature_end};

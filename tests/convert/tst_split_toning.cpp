@@ -162,7 +162,8 @@ void tst_split_toning::colour_balance_data()
     row("darks -100 reach the shadows only", "ParametricDarks=-100", "0.750000 1.000000 1.000000");
     row("darks below -100 are cut", "ParametricDarks=-150 ParametricShadows=50",
         "0.875000 1.000000 1.000000");
-    row("darks 100 reach the midtones only", "ParametricDarks=100", "1.000000 1.333333 1.000000");
+    row("darks 100 reach the midtones only", "ParametricDarks=100 ParametricShadows=-100",
+        "0.750000 1.333333 1.000000");
     row("darks above 100 are cut", "ParametricDarks=150 ParametricLights=-50",
         "1.000000 1.142857 1.000000");
     row("lights just above 100", "ParametricLights=100.5", "1.000000 1.333333 1.000000");

@@ -76,7 +76,7 @@ void tst_tone_mapping::tone_data()
     row("fill light alone is not old", "FillLight=10", "");
     row("2012 exposure wins, old one stays", "Exposure=1 Exposure2012=1.75",
         "Brightness=28.571430 Exposure=2.000000");
-    row("old shadows above 42", "Shadows=43", shadow("0.189092"));
+    row("old shadows just above 42", "Shadows=42.5", shadow("0.189092"));
     row("old shadows 42", "Shadows=42", shadow("0.189092"));
     row("old shadows 21", "Shadows=21", shadow("0.094546"));
     row("old shadows below 0 written", "Shadows=-5", shadow("0.000000"));
@@ -102,6 +102,8 @@ void tst_tone_mapping::tone_data()
     row("highlights -50", "Highlights2012=-50", half_low);
     row("raw recovery replaces the old one", "HighlightRecovery=30 Highlights2012=-50",
         half_low + " HighlightRecovery=25.000000", "raw");
+    row("highlights just below 100", "Highlights2012=99.5",
+        curve("0.200000 0.400000 0.709450 0.929350"));
     row("highlights 100", "Highlights2012=100", high);
     row("highlights above 100", "Highlights2012=101", high);
 

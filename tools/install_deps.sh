@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
     build-essential cmake pkg-config clang
-    qtbase5-dev qttools5-dev qttools5-dev-tools
+    qtbase5-dev qttools5-dev qttools5-dev-tools libqt5svg5-dev qttranslations5-l10n
     libzip-dev liblcms2-dev fonts-freefont-ttf
     libbenchmark-dev libclang-rt-14-dev
     zip unzip time

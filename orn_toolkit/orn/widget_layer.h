@@ -1,0 +1,16 @@
+#pragma once
+
+class QString;
+
+namespace orn {
+
+// Readies the widget layer for a program with a window: registers the toolkit's
+// images and has fatal messages shown in a box before the process ends. Safe to
+// call more than once. orn::application calls it; tests and tools without one call
+// it themselves.
+void install_widget_layer();
+
+// The box a fatal message shows: no parent, one Ok button.
+void show_fatal_message(const QString& text, const QString& title);
+
+} // namespace orn

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPushButton>
+#include <QRect>
+
+namespace orn {
+
+// A plain image button that flashes a light frame for a moment when released:
+// around the whole button, or around a given rectangle of it.
+class button : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    button(const QString& text, QWidget* parent = nullptr);
+    button(QWidget* parent, const QRect& rect);
+
+    bool is_highlighted() const { return highlighted_; }
+    QRect highlight_rect() const { return highlight_rect_; }
+
+public slots:
+    void deaktivate_highlight();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool highlighted_ = false;
+    QRect highlight_rect_;
+};
+
+} // namespace orn

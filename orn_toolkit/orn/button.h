@@ -18,12 +18,13 @@ public:
     bool is_highlighted() const { return highlighted_; }
     QRect highlight_rect() const { return highlight_rect_; }
 
-public slots:
-    void deaktivate_highlight();
-
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+public slots:
+    // Ends the flash; the release starts a single shot to it.
+    void deaktivate_highlight();
 
 private:
     bool highlighted_ = false;

@@ -26,12 +26,10 @@ constexpr char base_sheet_tail[] = "}QPushButton::hover{color:#f0f0f0;}";
 
 constexpr char disabled_sheet[] = "QPushButton::disabled{color:rgba(129,136,133,50%);}";
 constexpr char disabled_sheet_colored[] = "QPushButton::disabled{color:rgba(%1,%2,%3,50%);}";
-constexpr char checked_sheet[] =
-    "QPushButton::checked{border-style:none;border-width:3px;"
-    "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
-constexpr char pressed_sheet[] =
-    "QPushButton::pressed{border-style:none;border-width:3px;"
-    "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
+constexpr char checked_sheet[] = "QPushButton::checked{border-style:none;border-width:3px;"
+                                 "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
+constexpr char pressed_sheet[] = "QPushButton::pressed{border-style:none;border-width:3px;"
+                                 "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
 constexpr char padding_sheet[] = "padding-left: %1px; padding-right: %1px;";
 constexpr char text_color_sheet[] = "color:rgba(%1,%2,%3,%4);";
 
@@ -57,7 +55,7 @@ QRgb to_rgb(pixel_argb pixel)
 }
 
 // Calls change(pixel) on every pixel of a 32-bit image, in place.
-template <typename Change>
+template<typename Change>
 void for_each_pixel(QImage& image, Change change)
 {
     for (int y = 0; y < image.height(); ++y) {
@@ -161,8 +159,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
         } else {
             // Keep the button's proportions at the given width, centred.
             const int target_width = bd->stretch_icon_width_;
-            const int target_height =
-                qRound(double(target_width) / bd->width() * bd->height());
+            const int target_height = qRound(double(target_width) / bd->width() * bd->height());
             painter.drawImage(QRect((bd->width() - target_width) / 2,
                                     (bd->height() - target_height) / 2, target_width,
                                     target_height),
@@ -267,14 +264,14 @@ void button_dark::set_pressed_icon(const QString& path, int x, int y, pixel_argb
     set_second_icon(second_icon::pressed, path, x, y, highlight, normal, false);
 }
 
-void button_dark::set_checked_icon_shifted(const QString& path, int x, int y,
-                                           pixel_argb highlight, pixel_argb normal)
+void button_dark::set_checked_icon_shifted(const QString& path, int x, int y, pixel_argb highlight,
+                                           pixel_argb normal)
 {
     set_second_icon(second_icon::checked, path, x, y, highlight, normal, true);
 }
 
-void button_dark::set_pressed_icon_shifted(const QString& path, int x, int y,
-                                           pixel_argb highlight, pixel_argb normal)
+void button_dark::set_pressed_icon_shifted(const QString& path, int x, int y, pixel_argb highlight,
+                                           pixel_argb normal)
 {
     set_second_icon(second_icon::pressed, path, x, y, highlight, normal, true);
 }

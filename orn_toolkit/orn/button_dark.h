@@ -104,11 +104,15 @@ protected:
     QString padding_template_;
 
 private:
-    enum class second_icon { checked, pressed };
-    void set_main_icon(const QString& path, int x, int y, pixel_argb highlight,
-                       pixel_argb normal, bool relative);
-    void set_second_icon(second_icon which, const QString& path, int x, int y,
-                         pixel_argb highlight, pixel_argb normal, bool relative);
+    enum class second_icon
+    {
+        checked,
+        pressed
+    };
+    void set_main_icon(const QString& path, int x, int y, pixel_argb highlight, pixel_argb normal,
+                       bool relative);
+    void set_second_icon(second_icon which, const QString& path, int x, int y, pixel_argb highlight,
+                         pixel_argb normal, bool relative);
     void update_icon(img_highlighter& record, const QString& path, pixel_argb highlight,
                      pixel_argb normal, bool relative);
 

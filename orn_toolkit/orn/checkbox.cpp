@@ -34,11 +34,10 @@ constexpr char toolkit_images_sheet[] =
 
 // The checked square's 3-pixel frame takes 4 pixels from its inside, so both
 // states keep the same outer size.
-constexpr char colour_sheet[] =
-    "QCheckBox::indicator:unchecked{background-color:rgba(%2,%3,%4,%5);"
-    "border:1px solid rgb(99,99,99);width:14px;height:14px;}"
-    "QCheckBox::indicator:checked{background-color:rgba(%2,%3,%4,%5);"
-    "border:3px solid rgb(255,255,255);width:10px;height:10px;}";
+constexpr char colour_sheet[] = "QCheckBox::indicator:unchecked{background-color:rgba(%2,%3,%4,%5);"
+                                "border:1px solid rgb(99,99,99);width:14px;height:14px;}"
+                                "QCheckBox::indicator:checked{background-color:rgba(%2,%3,%4,%5);"
+                                "border:3px solid rgb(255,255,255);width:10px;height:10px;}";
 
 // Indicator sheets number their placeholders from 2 on; fill by plain replacement.
 QString filled(const char* sheet, std::initializer_list<std::pair<int, QString>> values)

@@ -25,8 +25,8 @@ inline constexpr pixel_argb flash{222, 222, 222};
 namespace sheet {
 // Tool tips of every widget: the window's ground with a border, never the
 // platform's light box.
-inline constexpr char tooltip[] =
-    "QToolTip{border:1px solid rgb(99,99,99);background-image:none;background-color:rgb(47,47,47);}";
+inline constexpr char tooltip[] = "QToolTip{border:1px solid rgb(99,99,99);"
+                                  "background-image:none;background-color:rgb(47,47,47);}";
 // Tool tips of the flat buttons: lighter and smaller text.
 inline constexpr char tooltip_flat[] =
     "QToolTip{border:1px solid rgb(99,99,99);background-image:none;background-color:rgb(47,47,47);"

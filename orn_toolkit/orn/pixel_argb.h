@@ -13,8 +13,7 @@ struct pixel_argb
     constexpr pixel_argb() = default;
     constexpr pixel_argb(quint8 red, quint8 green, quint8 blue, quint8 alpha = 255)
         : b(blue), g(green), r(red), a(alpha)
-    {
-    }
+    {}
 
     friend constexpr bool operator==(pixel_argb x, pixel_argb y)
     {

@@ -7,8 +7,7 @@ namespace orn {
 proxy_style::proxy_style()
     : tooltip_delay_(QApplication::style()->styleHint(SH_ToolTip_WakeUpDelay)),
       tooltip_cooldown_(QApplication::style()->styleHint(SH_ToolTip_FallAsleepDelay))
-{
-}
+{}
 
 int proxy_style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* return_data) const

@@ -17,13 +17,13 @@ public:
                   const QWidget* widget = nullptr,
                   QStyleHintReturn* return_data = nullptr) const override;
 
-public slots:
-    void set_tooltip_delay(int delay) { tooltip_delay_ = delay; }
-    void set_tooltip_cooldown(int delay) { tooltip_cooldown_ = delay; }
-
 private:
     int tooltip_delay_ = 0;
     int tooltip_cooldown_ = 0;
+
+public slots:
+    void set_tooltip_delay(int delay) { tooltip_delay_ = delay; }
+    void set_tooltip_cooldown(int delay) { tooltip_cooldown_ = delay; }
 };
 
 } // namespace orn

@@ -49,10 +49,17 @@ struct screen
     std::function<QWidget*()> make;
 };
 
-enum class state { normal, hover, pressed, checked, disabled };
+enum class state
+{
+    normal,
+    hover,
+    pressed,
+    checked,
+    disabled
+};
 const std::vector<std::pair<state, QString>> all_states = {
-    {state::normal, QStringLiteral("normal")},   {state::hover, QStringLiteral("hover")},
-    {state::pressed, QStringLiteral("pressed")}, {state::checked, QStringLiteral("checked")},
+    {state::normal, QStringLiteral("normal")},     {state::hover, QStringLiteral("hover")},
+    {state::pressed, QStringLiteral("pressed")},   {state::checked, QStringLiteral("checked")},
     {state::disabled, QStringLiteral("disabled")},
 };
 
@@ -142,8 +149,8 @@ struct sample_icons
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(light, 1.6));
         painter.setBrush(dark);
-        painter.drawPolygon(QPolygonF({{1.5, 3}, {7, 3}, {9, 5.5}, {18.5, 5.5}, {18.5, 16},
-                                       {1.5, 16}}));
+        painter.drawPolygon(
+            QPolygonF({{1.5, 3}, {7, 3}, {9, 5.5}, {18.5, 5.5}, {18.5, 16}, {1.5, 16}}));
         painter.setPen(Qt::NoPen);
         painter.setBrush(light);
         painter.drawEllipse(QPointF(10, 11), 2.5, 2.5);
@@ -270,8 +277,8 @@ QWidget* flat_buttons_screen()
     grid->addWidget(new QLabel(QStringLiteral("group")), row, 0);
     auto* group = new QButtonGroup(page);
     int column = 1;
-    for (const QString& text : {QStringLiteral("One"), QStringLiteral("Two"),
-                                QStringLiteral("Three")}) {
+    for (const QString& text :
+         {QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("Three")}) {
         auto* b = new orn::button_dark_flat(text);
         b->setCheckable(true);
         b->set_uncheck_in_group(true);
@@ -292,8 +299,8 @@ QWidget* plain_buttons_screen()
 
     // The flash lasts 200 ms after a release; the shot is taken within it.
     const auto flash = [](orn::button* b) {
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(2, 2), Qt::LeftButton,
-                            Qt::NoButton, Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(2, 2), Qt::LeftButton, Qt::NoButton,
+                            Qt::NoModifier);
         QApplication::sendEvent(b, &release);
     };
     const auto make_button = [] {
@@ -446,8 +453,8 @@ QWidget* input_screen()
     grid->addWidget(new QLabel(QStringLiteral("style_scrollbars")), row, 0);
     {
         auto* list = new QListWidget;
-        list->setStyleSheet(QStringLiteral(
-            "QListWidget{background:rgb(36,36,36);color:rgb(198,213,210);border:1px solid rgb(99,99,99);}"));
+        list->setStyleSheet(QStringLiteral("QListWidget{background:rgb(36,36,36);"
+                                           "border:1px solid rgb(99,99,99);}"));
         for (int item = 1; item <= 20; ++item) {
             list->addItem(QStringLiteral("Item %1").arg(item));
         }
@@ -505,9 +512,12 @@ int main(int argc, char** argv)
     orn::install_widget_layer();
     auto* style = new orn::proxy_style;
     style->set_tooltip_delay(2000);
+    // The application takes the style and deletes it at the end; the analyzer
+    // can't see that and reports a leak at the next statement.
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(style);
-
     QCommandLineParser parser;
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     parser.addHelpOption();
     const QCommandLineOption shots_option(QStringLiteral("shots"),
                                           QStringLiteral("Write a PNG of each screen to <dir>."),
@@ -517,8 +527,8 @@ int main(int argc, char** argv)
 
     QTabWidget window;
     window.setWindowTitle(QStringLiteral("orn gallery"));
-    window.setStyleSheet(QStringLiteral(
-        "QWidget#page{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}"));
+    window.setStyleSheet(
+        QStringLiteral("QWidget#page{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}"));
     window.resize(900, 620);
 
     if (parser.isSet(shots_option)) {

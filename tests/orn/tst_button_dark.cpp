@@ -33,9 +33,16 @@ QString write_image(const QTemporaryDir& dir, const QString& name, const QVector
     for (int x = 0; x < pixels.size(); ++x) {
         image.setPixel(x, 0, pixels[x]);
     }
-    const QString path = dir.filePath(name);
+    QString path = dir.filePath(name);
     image.save(path);
     return path;
+}
+
+// Where the test images go; one folder for the whole run.
+const QTemporaryDir& temp_dir()
+{
+    static const QTemporaryDir dir;
+    return dir;
 }
 
 QVector<QRgb> row_of(const QImage& image)
@@ -76,15 +83,12 @@ private slots:
     void uncheck_in_group_data();
     void uncheck_in_group();
     void pressed_modifiers_last_for_the_press();
-
-private:
-    QTemporaryDir dir_;
 };
 
 void tst_button_dark::initTestCase()
 {
     orn::install_widget_layer();
-    QVERIFY(dir_.isValid());
+    QVERIFY(temp_dir().isValid());
 }
 
 void tst_button_dark::sheet_follows_flags_data()
@@ -97,15 +101,23 @@ void tst_button_dark::sheet_follows_flags_data()
     QTest::addColumn<QString>("alignment");
     QTest::addColumn<int>("padding");
 
-    QTest::newRow("defaults") << true << true << false << true << "dark" << "center" << 0;
-    QTest::newRow("no checked style") << false << true << false << true << "dark" << "center" << 0;
-    QTest::newRow("no pressed style") << true << false << false << true << "dark" << "center" << 0;
-    QTest::newRow("neither style") << false << false << false << true << "dark" << "center" << 0;
+    QTest::newRow("defaults") << true << true << false << true << "dark"
+                              << "center" << 0;
+    QTest::newRow("no checked style") << false << true << false << true << "dark"
+                                      << "center" << 0;
+    QTest::newRow("no pressed style") << true << false << false << true << "dark"
+                                      << "center" << 0;
+    QTest::newRow("neither style") << false << false << false << true << "dark"
+                                   << "center" << 0;
     QTest::newRow("frame and no highlight leave the sheet")
-        << true << true << true << false << "dark" << "center" << 0;
-    QTest::newRow("header base") << true << true << false << true << "header" << "center" << 0;
-    QTest::newRow("left alignment") << true << true << false << true << "dark" << "left" << 0;
-    QTest::newRow("padding") << true << true << false << true << "blank" << "right" << 7;
+        << true << true << true << false << "dark"
+        << "center" << 0;
+    QTest::newRow("header base") << true << true << false << true << "header"
+                                 << "center" << 0;
+    QTest::newRow("left alignment") << true << true << false << true << "dark"
+                                    << "left" << 0;
+    QTest::newRow("padding") << true << true << false << true << "blank"
+                             << "right" << 7;
 }
 
 void tst_button_dark::sheet_follows_flags()
@@ -177,7 +189,8 @@ void tst_button_dark::em_padding_flag_drops_only_its_piece()
 
 void tst_button_dark::checked_icon_drops_checked_style_at_next_rebuild()
 {
-    const QString icon = write_image(dir_, QStringLiteral("check.png"), {qRgba(0, 0, 0, 255)});
+    const QString icon =
+        write_image(temp_dir(), QStringLiteral("check.png"), {qRgba(0, 0, 0, 255)});
     orn::button_dark b;
     const QString before = b.styleSheet();
     b.set_checked_icon(icon);
@@ -238,17 +251,22 @@ void tst_button_dark::highlighter_colours_data()
     const QRgb normal = qRgb(129, 136, 133);
     const QRgb light = qRgb(240, 240, 240);
     QTest::newRow("mask: colours with the source's alpha, halved when disabled")
-        << false << QVector<QRgb>{qRgba(10, 20, 30, 200), qRgba(0, 0, 0, 0), qRgba(255, 255, 255, 255)}
+        << false
+        << QVector<QRgb>{qRgba(10, 20, 30, 200), qRgba(0, 0, 0, 0), qRgba(255, 255, 255, 255)}
         << normal << light
-        << QVector<QRgb>{qRgba(129, 136, 133, 200), qRgba(129, 136, 133, 0), qRgba(129, 136, 133, 255)}
-        << QVector<QRgb>{qRgba(240, 240, 240, 200), qRgba(240, 240, 240, 0), qRgba(240, 240, 240, 255)}
-        << QVector<QRgb>{qRgba(129, 136, 133, 100), qRgba(129, 136, 133, 0), qRgba(129, 136, 133, 127)};
+        << QVector<QRgb>{qRgba(129, 136, 133, 200), qRgba(129, 136, 133, 0),
+                         qRgba(129, 136, 133, 255)}
+        << QVector<QRgb>{qRgba(240, 240, 240, 200), qRgba(240, 240, 240, 0),
+                         qRgba(240, 240, 240, 255)}
+        << QVector<QRgb>{qRgba(129, 136, 133, 100), qRgba(129, 136, 133, 0),
+                         qRgba(129, 136, 133, 127)};
     QTest::newRow("shifted: closest pixel to the normal colour is the reference")
         << true << QVector<QRgb>{qRgb(100, 100, 100), qRgb(130, 135, 130), qRgba(20, 30, 40, 90)}
         << normal << light
         << QVector<QRgb>{qRgb(100, 100, 100), qRgb(130, 135, 130), qRgba(20, 30, 40, 90)}
         << QVector<QRgb>{qRgb(210, 205, 210), qRgb(240, 240, 240), qRgba(130, 135, 150, 90)}
-        << QVector<QRgb>{qRgba(100, 100, 100, 127), qRgba(130, 135, 130, 127), qRgba(20, 30, 40, 45)};
+        << QVector<QRgb>{qRgba(100, 100, 100, 127), qRgba(130, 135, 130, 127),
+                         qRgba(20, 30, 40, 45)};
     QTest::newRow("shifted: clamped at 255")
         << true << QVector<QRgb>{qRgb(129, 136, 133), qRgb(200, 250, 10)} << normal << light
         << QVector<QRgb>{qRgb(129, 136, 133), qRgb(200, 250, 10)}
@@ -282,7 +300,7 @@ void tst_button_dark::highlighter_colours()
     orn::button_dark::img_highlighter record;
     record.relative = relative;
     record.set_colors(to_pixel(highlight_colour), to_pixel(normal_colour));
-    record.load(write_image(dir_, QStringLiteral("source.png"), source));
+    record.load(write_image(temp_dir(), QStringLiteral("source.png"), source));
 
     QCOMPARE(record.width, source.size());
     QCOMPARE(row_of(record.normal), normal);
@@ -302,8 +320,8 @@ void tst_button_dark::icon_image_follows_state_data()
     const QRgb light = qRgb(240, 240, 240);
     QTest::newRow("at rest") << true << false << false << true << normal;
     QTest::newRow("under the mouse") << true << true << false << true << light;
-    QTest::newRow("disabled even under the mouse") << false << true << false << true
-                                                   << qRgba(129, 136, 133, 127);
+    QTest::newRow("disabled even under the mouse")
+        << false << true << false << true << qRgba(129, 136, 133, 127);
     QTest::newRow("checked with highlight") << true << false << true << true << light;
     QTest::newRow("checked without highlight") << true << false << true << false << normal;
 }
@@ -317,8 +335,8 @@ void tst_button_dark::icon_image_follows_state()
     QFETCH(QRgb, centre);
 
     // A 3x1 opaque mask; centred on a 21x11 button its middle pixel lands at (10, 5).
-    const QString icon = write_image(dir_, QStringLiteral("mask.png"),
-                                     QVector<QRgb>(3, qRgb(0, 0, 0)));
+    const QString icon =
+        write_image(temp_dir(), QStringLiteral("mask.png"), QVector<QRgb>(3, qRgb(0, 0, 0)));
     orn::button_dark b;
     b.resize(21, 11);
     b.set_draw_base(false);
@@ -340,10 +358,11 @@ void tst_button_dark::icon_image_follows_state()
 
 void tst_button_dark::missing_icon_is_logged_and_harmless()
 {
-    const QString missing = dir_.filePath(QStringLiteral("missing.png"));
+    const QString missing = temp_dir().filePath(QStringLiteral("missing.png"));
     orn::button_dark b;
     b.resize(30, 20);
-    QTest::ignoreMessage(QtDebugMsg, qPrintable(QStringLiteral("Can't open icon \"%1\"").arg(missing)));
+    QTest::ignoreMessage(QtDebugMsg,
+                         qPrintable(QStringLiteral("Can't open icon \"%1\"").arg(missing)));
     b.set_icon(missing);
     QImage image(b.size(), QImage::Format_ARGB32);
     b.render(&image);
@@ -390,8 +409,8 @@ void tst_button_dark::toggle_on_press_data()
     QTest::newRow("left on a checked one, same") << true << left << true << true << false;
     QTest::newRow("right latches it on") << true << right << false << true << true;
     QTest::newRow("right latches it off") << true << right << true << false << false;
-    QTest::newRow("middle goes to the base class") << true << int(Qt::MiddleButton) << false
-                                                   << false << false;
+    QTest::newRow("middle goes to the base class")
+        << true << int(Qt::MiddleButton) << false << false << false;
     QTest::newRow("off: left toggles on release") << false << left << false << false << true;
     QTest::newRow("off: right does nothing") << false << right << false << false << false;
 }

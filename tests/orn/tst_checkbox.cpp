@@ -24,32 +24,36 @@ void tst_checkbox::set_look_chooses_indicator_data()
 
     const QRgb transparent = qRgba(0, 0, 0, 0);
     QTest::newRow("both images, also for disabled")
-        << transparent << ":/my/on.png" << ":/my/off.png"
-        << QStringList{"url(:/my/on.png)=2", "url(:/my/off.png)=2"}
+        << transparent << ":/my/on.png"
+        << ":/my/off.png" << QStringList{"url(:/my/on.png)=2", "url(:/my/off.png)=2"}
         << QStringList{":/gui/checkbox/", "background-color"};
     QTest::newRow("only the checked image")
-        << transparent << ":/my/on.png" << ""
+        << transparent << ":/my/on.png"
+        << ""
         << QStringList{"url(:/my/on.png)=2", "url(:/gui/checkbox/unchecked.png)=1",
                        "url(:/gui/checkbox/disabled_unchecked.png)=1"}
         << QStringList{"gui/checkbox/checked.png", "background-color"};
     QTest::newRow("only the unchecked image counts as none")
-        << transparent << "" << ":/my/off.png"
+        << transparent << ""
+        << ":/my/off.png"
         << QStringList{"url(:/gui/checkbox/checked.png)=1", "url(:/gui/checkbox/unchecked.png)=1",
                        "url(:/gui/checkbox/disabled_checked.png)=1",
                        "url(:/gui/checkbox/disabled_unchecked.png)=1"}
         << QStringList{":/my/off.png", "background-color"};
     QTest::newRow("no image, transparent black: the toolkit's four")
-        << transparent << "" << ""
+        << transparent << ""
+        << ""
         << QStringList{"url(:/gui/checkbox/checked.png)=1", "url(:/gui/checkbox/unchecked.png)=1",
                        "url(:/gui/checkbox/disabled_checked.png)=1",
                        "url(:/gui/checkbox/disabled_unchecked.png)=1"}
         << QStringList{"background-color"};
     QTest::newRow("no image, transparent white is a colour")
-        << qRgba(255, 255, 255, 0) << "" << ""
-        << QStringList{"background-color:rgba(255,255,255,0);=2"} << QStringList{"image:url"};
+        << qRgba(255, 255, 255, 0) << ""
+        << "" << QStringList{"background-color:rgba(255,255,255,0);=2"} << QStringList{"image:url"};
     QTest::newRow("no image, a colour")
-        << qRgba(90, 140, 200, 255) << "" << ""
-        << QStringList{"background-color:rgba(90,140,200,255);=2"} << QStringList{"image:url"};
+        << qRgba(90, 140, 200, 255) << ""
+        << "" << QStringList{"background-color:rgba(90,140,200,255);=2"}
+        << QStringList{"image:url"};
 }
 
 void tst_checkbox::set_look_chooses_indicator()
@@ -78,7 +82,8 @@ void tst_checkbox::set_look_chooses_indicator()
     for (const QString& entry : present) {
         const QString text = entry.section(QLatin1Char('='), 0, -2);
         const int count = entry.section(QLatin1Char('='), -1).toInt();
-        QVERIFY2(indicator_rules.count(text) == count, qPrintable(text + QLatin1String(" in ") + sheet));
+        QVERIFY2(indicator_rules.count(text) == count,
+                 qPrintable(text + QLatin1String(" in ") + sheet));
     }
     for (const QString& text : absent) {
         QVERIFY2(!indicator_rules.contains(text), qPrintable(text + QLatin1String(" in ") + sheet));

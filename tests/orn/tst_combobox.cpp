@@ -34,8 +34,8 @@ void tst_combobox::wheel_data()
     QTest::addColumn<int>("index_after");
     QTest::addColumn<bool>("accepted");
 
-    QTest::newRow("ignored by default: nothing changes, the parent may scroll") << true << 0
-                                                                                << false;
+    QTest::newRow("ignored by default: nothing changes, the parent may scroll")
+        << true << 0 << false;
     QTest::newRow("when allowed it moves to the next item") << false << 1 << true;
 }
 

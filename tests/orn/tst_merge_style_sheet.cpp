@@ -18,8 +18,11 @@ void tst_merge_style_sheet::merges_declarations_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("merged");
 
-    QTest::newRow("append to an empty sheet") << "" << "margin:2px;" << "margin:2px;";
-    QTest::newRow("append a new property") << "border:none;" << "margin:2px;"
+    QTest::newRow("append to an empty sheet") << ""
+                                              << "margin:2px;"
+                                              << "margin:2px;";
+    QTest::newRow("append a new property") << "border:none;"
+                                           << "margin:2px;"
                                            << "border:none;margin:2px;";
     QTest::newRow("replace in place, both ways round")
         << "border:none;margin:2px 2px 2px 2px;"
@@ -28,19 +31,27 @@ void tst_merge_style_sheet::merges_declarations_data()
     QTest::newRow("an equal declaration changes nothing") << "margin:2px;border:none;"
                                                           << "margin:2px;"
                                                           << "margin:2px;border:none;";
-    QTest::newRow("missing final semicolon is added") << "" << "margin:1px" << "margin:1px;";
-    QTest::newRow("empty text leaves even an odd sheet") << "margin:2px" << "" << "margin:2px";
-    QTest::newRow("margin:0 over margin:2px leaves one") << "margin:2px;" << "margin:0;"
-                                                        << "margin:0;";
-    QTest::newRow("head includes the colon") << "margin-top:1px;" << "margin:0;"
+    QTest::newRow("missing final semicolon is added") << ""
+                                                      << "margin:1px"
+                                                      << "margin:1px;";
+    QTest::newRow("empty text leaves even an odd sheet") << "margin:2px"
+                                                         << ""
+                                                         << "margin:2px";
+    QTest::newRow("margin:0 over margin:2px leaves one") << "margin:2px;"
+                                                         << "margin:0;"
+                                                         << "margin:0;";
+    QTest::newRow("head includes the colon") << "margin-top:1px;"
+                                             << "margin:0;"
                                              << "margin-top:1px;margin:0;";
-    QTest::newRow("replace the sheet's unterminated last declaration")
-        << "border:none;margin:2px" << "margin:0;" << "border:none;margin:0;";
-    QTest::newRow("several declarations, in order")
-        << "color:red;" << "margin:1px;color:blue;padding:0;"
-        << "color:blue;margin:1px;padding:0;";
-    QTest::newRow("only the first occurrence is replaced") << "margin:1px;margin:1px;" << "margin:3px;"
-                                                   << "margin:3px;margin:1px;";
+    QTest::newRow("replace the sheet's unterminated last declaration") << "border:none;margin:2px"
+                                                                       << "margin:0;"
+                                                                       << "border:none;margin:0;";
+    QTest::newRow("several declarations, in order") << "color:red;"
+                                                    << "margin:1px;color:blue;padding:0;"
+                                                    << "color:blue;margin:1px;padding:0;";
+    QTest::newRow("only the first occurrence is replaced") << "margin:1px;margin:1px;"
+                                                           << "margin:3px;"
+                                                           << "margin:3px;margin:1px;";
 }
 
 void tst_merge_style_sheet::merges_declarations()

@@ -38,14 +38,19 @@ void tst_proxy_style::tooltip_timing_follows_the_slots()
 
 void tst_proxy_style::slider_jumps_to_a_left_click()
 {
+    // The application takes the style and deletes it at the end; the analyzer
+    // can't see that and reports a leak at the next statement.
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new orn::proxy_style);
     QSlider slider(Qt::Horizontal);
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     slider.setRange(0, 100);
     slider.setPageStep(10);
     slider.resize(300, 30);
     QTest::mouseClick(&slider, Qt::LeftButton, Qt::NoModifier, QPoint(225, 15));
     // Paging would have moved it by one step of 10; a jump lands near three quarters.
-    QVERIFY2(slider.value() > 60 && slider.value() < 90, qPrintable(QString::number(slider.value())));
+    QVERIFY2(slider.value() > 60 && slider.value() < 90,
+             qPrintable(QString::number(slider.value())));
 }
 
 QTEST_MAIN(tst_proxy_style)

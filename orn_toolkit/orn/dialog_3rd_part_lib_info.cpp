@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
+#include <QPalette>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
@@ -15,9 +16,20 @@ const QString dialog_sheet =
 const QString intro_sheet = QStringLiteral("font-size:16px;");
 const QString name_sheet = QStringLiteral("font-size:14px; font-weight:bold;");
 const QString note_sheet = QStringLiteral("font-size:12px;");
+const QColor text_colour(198, 213, 210);
 
 // The version this program was built and tested against, whatever runs it.
 const QString qt_version = QStringLiteral("5.9.6");
+
+// The dialog's sheet colours the dialog but not its labels, which have sheets of
+// their own; the colour comes to them through their palettes, so that the text
+// is readable whatever parent the dialog opens from.
+void set_text_colour(QLabel* label)
+{
+    QPalette text_palette = label->palette();
+    text_palette.setColor(QPalette::WindowText, text_colour);
+    label->setPalette(text_palette);
+}
 
 } // namespace
 
@@ -31,6 +43,7 @@ dialog_3rd_part_lib_info::dialog_3rd_part_lib_info(QWidget* parent)
     setWindowTitle(tr("About 3rd party libraries"));
     setStyleSheet(dialog_sheet);
     intro->setStyleSheet(intro_sheet);
+    set_text_colour(intro);
 
     rows->setContentsMargins(20, 10, 20, 10);
     rows->setSpacing(10);
@@ -61,6 +74,8 @@ void dialog_3rd_part_lib_info::add_library(const QString& name, const QString& n
 
     name_label->setStyleSheet(name_sheet);
     note_label->setStyleSheet(note_sheet);
+    set_text_colour(name_label);
+    set_text_colour(note_label);
     note_label->setTextFormat(Qt::RichText);
     note_label->setTextInteractionFlags(Qt::TextBrowserInteraction);
     note_label->setOpenExternalLinks(true);

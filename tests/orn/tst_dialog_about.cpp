@@ -34,6 +34,7 @@ private slots:
     void version_with_word_size();
     void link_opens_library_list_data();
     void link_opens_library_list();
+    void library_list_readable_from_plain_parent();
 };
 
 void tst_dialog_about::initTestCase()
@@ -138,6 +139,25 @@ void tst_dialog_about::link_opens_library_list()
     for (const QString& name : absent) {
         QVERIFY2(!texts.contains(name), qPrintable(name));
     }
+}
+
+void tst_dialog_about::library_list_readable_from_plain_parent()
+{
+    QWidget parent;
+    QStringList dark_labels;
+    modal_answerer answers;
+    answers.expect([&](QWidget* dialog) {
+        for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+            if (label->palette().color(QPalette::WindowText) != QColor(198, 213, 210)) {
+                dark_labels << label->text();
+            }
+        }
+        modal_answerer::cancel()(dialog);
+    });
+    orn::dialog_about::default_3rdparty_libs(false, false)(&parent);
+
+    QVERIFY(answers.done());
+    QVERIFY2(dark_labels.isEmpty(), qPrintable(dark_labels.join('|')));
 }
 
 QTEST_MAIN(tst_dialog_about)

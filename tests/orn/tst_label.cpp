@@ -22,7 +22,7 @@ private slots:
 namespace {
 
 // How many pixels of the image differ from `ground`.
-int pixels_off(const QImage& image, QColor ground)
+int pixels_off(const QImage& image, const QColor& ground)
 {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {

@@ -28,15 +28,15 @@ private slots:
 void tst_qt_layout::add_item_throws()
 {
     QWidget parent;
-    auto* grid = new layout(&parent, 0, false);
+    layout grid(&parent, 0, false);
     try {
-        grid->addWidget(new QLabel(&parent));
+        grid.addWidget(new QLabel(&parent));
         QFAIL("addWidget went through");
     } catch (const orn::exception& error) {
         QCOMPARE(QString::fromStdString(error.message),
                  QStringLiteral("This layout works different. Use add() instead."));
     }
-    QCOMPARE(grid->count(), 0);
+    QCOMPARE(grid.count(), 0);
 }
 
 void tst_qt_layout::empty_layout()
@@ -50,16 +50,16 @@ void tst_qt_layout::empty_layout()
 void tst_qt_layout::cells_cannot_be_taken()
 {
     QWidget parent;
-    auto* grid = new layout(&parent, 0, false);
+    layout grid(&parent, 0, false);
     auto* content = new QLabel(&parent);
-    grid->add(cell(content));
+    grid.add(cell(content));
 
-    QCOMPARE(grid->count(), 1);
-    QCOMPARE(grid->takeAt(0), nullptr);
-    QCOMPARE(grid->count(), 1);
-    QCOMPARE(grid->itemAt(0)->widget(), content);
-    QCOMPARE(grid->itemAt(-1), nullptr);
-    QCOMPARE(grid->itemAt(1), nullptr);
+    QCOMPARE(grid.count(), 1);
+    QCOMPARE(grid.takeAt(0), nullptr);
+    QCOMPARE(grid.count(), 1);
+    QCOMPARE(grid.itemAt(0)->widget(), content);
+    QCOMPARE(grid.itemAt(-1), nullptr);
+    QCOMPARE(grid.itemAt(1), nullptr);
 }
 
 void tst_qt_layout::horizontal_placement_data()
@@ -116,9 +116,9 @@ void tst_qt_layout::horizontal_placement()
 
     QWidget parent;
     parent.resize(300, 200);
-    auto* grid = new layout(&parent, 0, false);
+    layout grid(&parent, 0, false);
     for (int c = 0; c < widths.size(); ++c) {
-        grid->set_column_width(c, widths[c]);
+        grid.set_column_width(c, widths[c]);
     }
     auto* content = new QLabel(&parent);
     cell item(content);
@@ -127,8 +127,8 @@ void tst_qt_layout::horizontal_placement()
     item.margin_left = margin_left;
     item.margin_right = margin_right;
     item.set_padding(padding);
-    grid->add(item, column, 0, true);
-    grid->setGeometry(parent.rect());
+    grid.add(item, column, 0, true);
+    grid.setGeometry(parent.rect());
 
     QCOMPARE(content->x(), x);
     QCOMPARE(content->width(), width);
@@ -142,17 +142,17 @@ void tst_qt_layout::vertical_placement()
 {
     QWidget parent;
     parent.resize(300, 200);
-    auto* grid = new layout(&parent, 1, false);
-    grid->set_row_height(0, 40);
+    layout grid(&parent, 1, false);
+    grid.set_row_height(0, 40);
     auto* top = new QLabel(&parent);
     auto* below = new QLabel(&parent);
-    grid->add(cell(top));
+    grid.add(cell(top));
     cell fixed(below);
     fixed.fixed_height = 60;
     fixed.offset_x = 3;
     fixed.offset_y = 4;
-    grid->add(fixed);
-    grid->setGeometry(parent.rect());
+    grid.add(fixed);
+    grid.setGeometry(parent.rect());
 
     QCOMPARE(top->geometry(), QRect(0, 0, 300, 40));
     // The automatic row takes the remaining 160; the 60 high content is centred in it.
@@ -192,7 +192,7 @@ void tst_qt_layout::automatic_positions()
     QFETCH(QString, positions);
 
     QWidget parent;
-    auto* grid = new layout(&parent, wrap_count, column_major);
+    layout grid(&parent, wrap_count, column_major);
     QList<QWidget*> contents;
     for (const QString& kind : cells.split(' ')) {
         auto* content = new QLabel(&parent);
@@ -200,7 +200,7 @@ void tst_qt_layout::automatic_positions()
         item.column_span = kind == "2" ? 2 : 1;
         item.row_span = kind == "|" ? 2 : 1;
         item.line_break = kind == "b";
-        grid->add(item);
+        grid.add(item);
         contents << content;
     }
 
@@ -216,22 +216,22 @@ void tst_qt_layout::loop_guard_stops_repeated_runs()
 {
     QWidget parent;
     parent.resize(300, 200);
-    auto* grid = new layout(&parent, 0, false);
+    layout grid(&parent, 0, false);
     auto* content = new QLabel(&parent);
-    grid->add(cell(content));
+    grid.add(cell(content));
 
     // The first run and four repetitions at the same size still place.
     for (int run = 0; run < 5; ++run) {
         content->move(7, 7);
-        grid->setGeometry(parent.rect());
+        grid.setGeometry(parent.rect());
         QCOMPARE(content->pos(), QPoint(0, 0));
     }
     content->move(7, 7);
-    grid->setGeometry(parent.rect());
+    grid.setGeometry(parent.rect());
     QCOMPARE(content->pos(), QPoint(7, 7));
 
     parent.resize(301, 200);
-    grid->setGeometry(parent.rect());
+    grid.setGeometry(parent.rect());
     QCOMPARE(content->pos(), QPoint(0, 0));
     QCOMPARE(content->width(), 301);
 }
@@ -240,19 +240,19 @@ void tst_qt_layout::animation_ends_on_target()
 {
     QWidget window;
     window.resize(300, 200);
-    auto* grid = new layout(&window, 0, false);
+    layout grid(&window, 0, false);
     auto* first = new QLabel(&window);
     auto* second = new QLabel(&window);
     cell narrowing(first);
     narrowing.requested_column_width = 100;
-    grid->add(narrowing);
-    grid->add(cell(second));
+    grid.add(narrowing);
+    grid.add(cell(second));
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
     // 63 pixels in 5 steps of 12 would end at 40: the last step lands on the target.
     orn::qt::find_cell(first)->animate_width(37, 0.2f);
-    QCOMPARE(grid->column_width(0), 37);
+    QCOMPARE(grid.column_width(0), 37);
     QCOMPARE(second->x(), 37);
     QCOMPARE(second->width(), 263);
 }
@@ -260,11 +260,12 @@ void tst_qt_layout::animation_ends_on_target()
 void tst_qt_layout::registry_forgets_a_gone_layout()
 {
     QWidget parent;
-    auto* grid = new layout(&parent, 0, false);
     QLabel content(&parent);
-    grid->add(cell(&content));
-    QVERIFY(orn::qt::find_cell(&content) != nullptr);
-    delete grid;
+    {
+        layout grid(&parent, 0, false);
+        grid.add(cell(&content));
+        QVERIFY(orn::qt::find_cell(&content) != nullptr);
+    }
     QCOMPARE(orn::qt::find_cell(&content), nullptr);
 }
 

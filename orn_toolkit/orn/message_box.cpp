@@ -73,7 +73,7 @@ QMessageBox::StandardButton run(QMessageBox::Icon icon, QWidget* parent, const Q
         box.button(it.key())->setText(it.value());
     }
 
-    const int result = box.QDialog::exec();
+    const int result = box.exec();
     // -1 means no button: the box went away without a click. Qt's own boxes
     // answer Cancel then, and so do these.
     QAbstractButton* clicked = box.clickedButton();

@@ -44,7 +44,12 @@ constexpr int automatic_hint = 20;
 cell* find_cell(const QWidget* widget)
 {
     const auto found = cell_registry().find(widget);
-    return found == cell_registry().end() ? nullptr : found->second;
+    if (found == cell_registry().end()) {
+        return nullptr;
+    }
+    // A widget made where a deleted one lay must not find the old one's cell.
+    cell* item = found->second;
+    return item->content_widget() == widget ? item : nullptr;
 }
 
 layout::layout(QWidget* parent, int wrap_count, bool column_major)

@@ -58,6 +58,10 @@ MainWindow::MainWindow(QWidget* parent) : orn::main_window(parent)
     // The fonts travel in the resources, so the window looks the same on any desktop.
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSans.ttf"));
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSansBold.ttf"));
+    // Both files register the family "FreeSans", the second as its bold face. The
+    // bold font is asked for as "FreeSansBold", which no font file names; without
+    // this mapping the font machinery would fall back to an unrelated family.
+    QFont::insertSubstitution(QStringLiteral("FreeSansBold"), QStringLiteral("FreeSans"));
 
     normal_font.setFamily(QStringLiteral("FreeSans"));
     normal_font.setPointSize(9);
@@ -178,15 +182,17 @@ void MainWindow::show_about()
                             about_logo_reduction);
     about.set_3rdparty_libs(orn::dialog_about::default_3rdparty_libs(false, false));
     about.setWindowModality(Qt::ApplicationModal);
+    // The style sheets decide the final size, so polish before measuring.
+    about.ensurePolished();
     about.adjustSize();
 
     // Over the middle of the window when it fits on the screen; otherwise Qt's own
     // placement keeps the box on the screen.
     const QRect centred_rect =
-        QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, about.size(), frameGeometry());
+        QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, about.size(), geometry());
     const QScreen* screen = this->screen();
     if (screen != nullptr && screen->availableGeometry().contains(centred_rect)) {
-        about.move(centred_rect.topLeft());
+        about.setGeometry(centred_rect);
     }
     about.exec();
 }

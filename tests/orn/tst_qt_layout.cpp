@@ -15,6 +15,7 @@ private slots:
     void add_item_throws();
     void empty_layout();
     void cells_cannot_be_taken();
+    void size_hint_crosses_rows_and_columns();
     void horizontal_placement_data();
     void horizontal_placement();
     void vertical_placement();
@@ -60,6 +61,18 @@ void tst_qt_layout::cells_cannot_be_taken()
     QCOMPARE(grid.itemAt(0)->widget(), content);
     QCOMPARE(grid.itemAt(-1), nullptr);
     QCOMPARE(grid.itemAt(1), nullptr);
+}
+
+void tst_qt_layout::size_hint_crosses_rows_and_columns()
+{
+    layout grid;
+    grid.set_column_width(0, 50);
+    grid.set_column_width(1, 0);
+    grid.set_row_height(0, 30);
+
+    QCOMPARE(grid.minimumSize(), QSize(50, 30));
+    // Automatic sizes count as 20; the rows give the width, the columns the height.
+    QCOMPARE(grid.sizeHint(), QSize(30, 70));
 }
 
 void tst_qt_layout::horizontal_placement_data()

@@ -110,6 +110,7 @@ void tst_catalogues::initTestCase()
     QProcess lupdate;
     lupdate.start(QStringLiteral(LOOKWRIGHT_LUPDATE),
                   {QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none"),
+                   QStringLiteral(LOOKWRIGHT_SOURCE_DIR "/src/app"),
                    QStringLiteral(LOOKWRIGHT_SOURCE_DIR "/orn_toolkit"), QStringLiteral("-ts"),
                    collected});
     QVERIFY(lupdate.waitForFinished(60000));

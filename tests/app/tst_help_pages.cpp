@@ -1,10 +1,12 @@
-#include "orn/help_documents.h"
-#include "orn/show_help.h"
+#include "app/app_resources.h"
+#include "app/main_window.h"
 
+#include "orn/widget_layer.h"
 #include "support/test_support.h"
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -13,15 +15,11 @@
 
 #include <memory>
 
-static void init_documents()
-{
-    Q_INIT_RESOURCE(lookwright_documents);
-}
-
 // The help page is opened from a copy in the temporary folder, on a machine that
 // may have no network: every link of it, and of the documents it leads to, must
 // open a real file there. The test takes the "file" scheme over to see the page
-// that would reach the browser, then follows the links as a reader would.
+// that the window's help button sends to the browser, then follows the links as a
+// reader would.
 class tst_help_pages : public QObject
 {
     Q_OBJECT
@@ -43,7 +41,8 @@ private:
 
 void tst_help_pages::initTestCase()
 {
-    init_documents();
+    init_lookwright_resources();
+    orn::install_widget_layer();
 }
 
 void tst_help_pages::init()
@@ -81,9 +80,15 @@ void tst_help_pages::every_link_opens_a_file()
     QFETCH(int, documents);
     QSettings().setValue(QStringLiteral("lang"), stored);
 
-    orn::place_help_documents(
-        {QStringLiteral(":/help/tutorial_%1.html"), QStringLiteral(":/help/manual_%1.pdf")});
-    orn::show_help(QStringLiteral(":/help/index_%1.html"));
+    MainWindow window(nullptr);
+    QPushButton* help_button = nullptr;
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (button->toolTip() == QLatin1String("Display the help page for this program")) {
+            help_button = button;
+        }
+    }
+    QVERIFY(help_button != nullptr);
+    help_button->click();
     QCOMPARE(opened.size(), 1);
 
     const QRegularExpression link(QStringLiteral("<a\\s+href=\"([^\"]*)\""));
@@ -110,7 +115,8 @@ void tst_help_pages::every_link_opens_a_file()
         auto links = link.globalMatch(text);
         while (links.hasNext()) {
             const QUrl target = url.resolved(QUrl(links.next().captured(1)));
-            QVERIFY2(target.isLocalFile(), qPrintable("link leaves the machine: " + target.toString()));
+            QVERIFY2(target.isLocalFile(),
+                     qPrintable("link leaves the machine: " + target.toString()));
             to_visit << target;
         }
     }

@@ -7,7 +7,8 @@ WERROR ?= OFF
 
 export QT_QPA_PLATFORM = offscreen
 
-.PHONY: all deps configure build test test-locale tidy bench sanitize fuzz coverage format clean
+.PHONY: all deps configure build run install package test test-locale tidy bench bench-startup \
+	sanitize fuzz coverage format clean
 
 all: build
 
@@ -22,6 +23,22 @@ configure: deps
 
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
+
+# The window itself, on the desktop this is typed on: the offscreen platform above
+# is for the tests only.
+run: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS) --target lookwright
+	env -u QT_QPA_PLATFORM $(BUILD_DIR)/lookwright
+
+# Installs the two programs, the desktop entry, the AppStream file and the icons
+# below PREFIX; DESTDIR stages them elsewhere, as packagers do.
+PREFIX ?= /usr/local
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD_DIR) --prefix $(PREFIX)
+
+# A Debian package of the same tree, installed under /usr, in $(BUILD_DIR).
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
 
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
@@ -41,6 +58,10 @@ tidy: build
 bench: build
 	$(BUILD_DIR)/bench/bench_core
 	bench/end_to_end.sh $(BUILD_DIR)/lookwright-convert
+
+# How long the window takes to appear, under Xvfb, next to a bare Qt window.
+bench-startup: build
+	bench/startup.sh $(BUILD_DIR)
 
 # The whole suite again, built by clang with AddressSanitizer and
 # UndefinedBehaviorSanitizer.

@@ -82,14 +82,17 @@ void tst_main_window::first_start_shows_the_pictures_folder()
 
 void tst_main_window::folder_chooser_data()
 {
-    QTest::addColumn<QString>("stored");    // relative to a scratch folder; empty: nothing stored
-    QTest::addColumn<QString>("chosen");    // likewise; empty: the dialog is cancelled
-    QTest::addColumn<QString>("expected");  // the line and the setting afterwards
+    QTest::addColumn<QString>("stored");   // relative to a scratch folder; empty: nothing stored
+    QTest::addColumn<QString>("chosen");   // likewise; empty: the dialog is cancelled
+    QTest::addColumn<QString>("expected"); // the line and the setting afterwards
 
-    QTest::newRow("cancelled on a first start") << "" << "" << "";
-    QTest::newRow("cancelled with a folder stored") << "earlier" << "" << "earlier";
-    QTest::newRow("chosen on a first start") << "" << "styles" << "styles";
-    QTest::newRow("chosen over a stored folder") << "earlier" << "styles" << "styles";
+    const QString none;
+    const QString earlier = "earlier";
+    const QString styles = "styles";
+    QTest::newRow("cancelled on a first start") << none << none << none;
+    QTest::newRow("cancelled with a folder stored") << earlier << none << earlier;
+    QTest::newRow("chosen on a first start") << none << styles << styles;
+    QTest::newRow("chosen over a stored folder") << earlier << styles << styles;
 }
 
 void tst_main_window::folder_chooser()

@@ -1,5 +1,3 @@
 #include "app/main_window.h"
 
-void MainWindow::on_button_convert_clicked()
-{
-}
+void MainWindow::on_button_convert_clicked() {}

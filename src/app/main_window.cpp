@@ -110,7 +110,8 @@ void MainWindow::make_central_widget()
     output_line->setReadOnly(true);
     output_line->setFixedHeight(22);
     output_line->setMinimumWidth(290);
-    output_line->setStyleSheet(QString::fromLatin1(line_edit_style).arg(QStringLiteral("99,99,99")));
+    output_line->setStyleSheet(
+        QString::fromLatin1(line_edit_style).arg(QStringLiteral("99,99,99")));
     output_line->setToolTip(folder_tip);
 
     // The convert icon keeps its own greys and is lifted as a whole under the mouse.
@@ -192,8 +193,8 @@ void MainWindow::make_header(QGridLayout* outer)
 void MainWindow::choose_output_folder()
 {
     const QString start = output_dir_key.read(settings) + QLatin1Char('/');
-    const QString chosen = QFileDialog::getExistingDirectory(
-        this, tr("Select output folder"), start, QFileDialog::ShowDirsOnly);
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Select output folder"),
+                                                             start, QFileDialog::ShowDirsOnly);
     if (chosen.isEmpty()) {
         return;
     }

@@ -1,0 +1,5 @@
+#include "app/main_window.h"
+
+void MainWindow::on_button_convert_clicked()
+{
+}

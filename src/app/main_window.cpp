@@ -1,6 +1,8 @@
 #include "app/main_window.h"
 
 #include "app/setting_key.h"
+#include "orn/application_information.h"
+#include "orn/application_log.h"
 #include "orn/button_dark.h"
 #include "orn/dialog_about.h"
 #include "orn/lineedit.h"
@@ -14,6 +16,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 
 namespace {
@@ -53,8 +56,20 @@ orn::button_dark* make_header_button(QWidget* parent, const QString& icon, const
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent) : orn::main_window(parent)
+MainWindow::MainWindow(QWidget* parent)
+    : orn::main_window(parent), log_window(orn::application_log::instance())
 {
+    // Two keys for the log, both only while this window has the focus.
+    for (const char* keys : {"Ctrl+Shift+L", "Ctrl+Shift+R"}) {
+        auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
+        shortcut->setContext(Qt::WindowShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            if (log_window != nullptr) {
+                log_window->open_log_window();
+            }
+        });
+    }
+
     // The fonts travel in the resources, so the window looks the same on any desktop.
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSans.ttf"));
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSansBold.ttf"));
@@ -71,6 +86,12 @@ MainWindow::MainWindow(QWidget* parent) : orn::main_window(parent)
     QApplication::setFont(normal_font);
 
     make_central_widget();
+
+    // The build's identity, from any window of the program, for a support request.
+    auto* information = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+G")), this);
+    information->setContext(Qt::ApplicationShortcut);
+    connect(information, &QShortcut::activated, this,
+            [this] { orn::show_application_information(this); });
 
     // The layout decides the height once; the user may only widen the window.
     setFixedHeight(sizeHint().height());
@@ -106,7 +127,8 @@ void MainWindow::make_central_widget()
     output_line->setReadOnly(true);
     output_line->setFixedHeight(22);
     output_line->setMinimumWidth(290);
-    output_line->setStyleSheet(QString::fromLatin1(line_edit_style).arg(QStringLiteral("99,99,99")));
+    output_line->setStyleSheet(
+        QString::fromLatin1(line_edit_style).arg(QStringLiteral("99,99,99")));
     output_line->setToolTip(folder_tip);
 
     // The convert icon keeps its own greys and is lifted as a whole under the mouse.
@@ -167,8 +189,8 @@ void MainWindow::make_header(QGridLayout* outer)
 void MainWindow::choose_output_folder()
 {
     const QString start = output_dir_key.read(settings) + QLatin1Char('/');
-    const QString chosen = QFileDialog::getExistingDirectory(
-        this, tr("Select output folder"), start, QFileDialog::ShowDirsOnly);
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Select output folder"),
+                                                             start, QFileDialog::ShowDirsOnly);
     if (chosen.isEmpty()) {
         return;
     }

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Screenshots of the real window program under Xvfb, for looking at: the main
 # window at its natural size and stretched, a tool tip, the About box and its
-# library dialog. Runs with an empty settings store inside a session bus.
+# library dialog, the settings dialog with a list open, and the language
+# question after a change of language. Runs with an empty settings store inside a session bus.
 #
 #   tools/window_shots.sh BUILD_DIR OUT_DIR
 set -euo pipefail
@@ -82,3 +83,35 @@ xdotool mousemove --window "$about" $((WIDTH / 2)) $((HEIGHT - 14)) click 1
 new_window "$window" "$about" > /dev/null
 sleep 0.5
 import -window root "$out/libraries.png"
+
+xdotool key Escape
+sleep 0.2
+xdotool windowfocus --sync "$about"
+xdotool key Escape
+sleep 0.3
+
+# The settings dialog, and the list of its format row.
+eval "$(xdotool getwindowgeometry --shell "$window")"
+xdotool mousemove --window "$window" 23 21 click 1
+settings=$(new_window "$window")
+xdotool windowmove --sync "$settings" 420 460
+sleep 0.5
+import -window root -crop 800x400+300+300 "$out/settings.png"
+eval "$(xdotool getwindowgeometry --shell "$settings")"
+xdotool mousemove --window "$settings" $((WIDTH - 60)) 21 click 1
+sleep 0.5
+import -window root -crop 800x400+300+300 "$out/settings_list.png"
+xdotool key Escape
+
+# Another language, then the dialog closed: the question about a restart.
+xdotool mousemove --window "$settings" $((WIDTH - 60)) $((HEIGHT - 21)) click 1
+sleep 0.4
+xdotool key Down Return
+xdotool windowfocus --sync "$settings"
+xdotool key Escape
+question=$(new_window "$window" "$settings")
+xdotool windowmove --sync "$question" 420 460
+sleep 0.5
+import -window root -crop 800x400+300+300 "$out/language_question.png"
+xdotool windowfocus --sync "$question"
+xdotool key Return

@@ -1,12 +1,16 @@
 #include "app/main_window.h"
 
+#include "app/dialog_settings.h"
 #include "app/setting_key.h"
 #include "orn/application_information.h"
 #include "orn/application_log.h"
 #include "orn/button_dark.h"
+#include "orn/current_language.h"
 #include "orn/dialog_about.h"
+#include "orn/help_documents.h"
 #include "orn/lineedit.h"
 #include "orn/pixel_argb.h"
+#include "orn/show_help.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -183,7 +187,28 @@ void MainWindow::make_header(QGridLayout* outer)
     outer->addWidget(header, 0, 0);
 
     connect(
+        settings_button, &QPushButton::clicked, this,
+        [this] {
+            // The catalogues were loaded at start; a new language needs a restart,
+            // which the question offers.
+            const QString previous = orn::current_language(QStringLiteral("lang"));
+            dialog_settings dialog(&settings, this);
+            dialog.exec();
+            confirm_language_change(this, previous);
+        },
+        Qt::DirectConnection);
+    connect(
         about_button, &QPushButton::clicked, this, [this] { show_about(); }, Qt::DirectConnection);
+    connect(
+        help_button, &QPushButton::clicked, this,
+        [] {
+            // The page links to the tutorial and the manual by relative names, so
+            // they go beside the page's temporary copy first.
+            orn::place_help_documents({QStringLiteral(":/help/tutorial_%1.html"),
+                                       QStringLiteral(":/help/manual_%1.pdf")});
+            orn::show_help(QStringLiteral(":/help/index_%1.html"));
+        },
+        Qt::DirectConnection);
 }
 
 void MainWindow::choose_output_folder()

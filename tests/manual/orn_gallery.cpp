@@ -14,9 +14,12 @@
 #include "orn/button_html.h"
 #include "orn/checkbox.h"
 #include "orn/checkbox_flat.h"
+#include "orn/clickable_label.h"
 #include "orn/combobox.h"
 #include "orn/combobox_lineedit.h"
+#include "orn/dialog_about.h"
 #include "orn/lineedit.h"
+#include "orn/message_box.h"
 #include "orn/palette.h"
 #include "orn/proxy_style.h"
 #include "orn/radio.h"
@@ -36,9 +39,12 @@
 #include <QSlider>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <deque>
 #include <functional>
+#include <list>
 #include <vector>
 
 namespace {
@@ -506,6 +512,178 @@ QWidget* input_screen()
     return page;
 }
 
+// Dialogs run modally, so a screen can't hold one. Their screens show a picture
+// of the real dialog, taken as it opened, and a button that opens it for real.
+//
+// Runs `open`; each modal dialog that appears meanwhile is pictured, then handed
+// to the next of `answers` (which must make it go away, or open another one).
+std::vector<QPixmap> pictures_of_dialogs(const std::function<void()>& open,
+                                         std::deque<std::function<void(QWidget*)>> answers)
+{
+    std::vector<QPixmap> pictures;
+    QWidget* last = nullptr;
+    std::list<QTimer> answer_timers;
+    QTimer poll;
+    poll.setInterval(10);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || dialog == last || !dialog->isVisible() || answers.empty()) {
+            return;
+        }
+        last = dialog;
+        pictures.push_back(dialog->grab());
+        // Each answer comes from a timer of its own: an answer may open the next
+        // dialog, and a timer doesn't fire again inside its own slot.
+        QTimer& later = answer_timers.emplace_back();
+        later.setSingleShot(true);
+        QObject::connect(&later, &QTimer::timeout,
+                         [answer = answers.front(), dialog] { answer(dialog); });
+        later.start(0);
+        answers.pop_front();
+    });
+    poll.start();
+    open();
+    return pictures;
+}
+
+void reject_dialog(QWidget* dialog)
+{
+    if (auto* modal = qobject_cast<QDialog*>(dialog)) {
+        modal->reject();
+    }
+}
+
+QWidget* dialog_screen(const std::function<void()>& open,
+                       std::deque<std::function<void(QWidget*)>> answers)
+{
+    QGridLayout* grid = nullptr;
+    QWidget* page = make_page(grid);
+    int row = 0;
+    for (const QPixmap& picture : pictures_of_dialogs(open, std::move(answers))) {
+        auto* shown = new QLabel;
+        shown->setPixmap(picture);
+        // The dialogs share the page's ground: a line shows where each one ends.
+        shown->setStyleSheet(QStringLiteral("QLabel{border:1px solid rgb(99,99,99);}"));
+        grid->addWidget(shown, row++, 0, Qt::AlignLeft | Qt::AlignTop);
+    }
+    auto* again = new orn::button_dark(QStringLiteral("Open"));
+    again->setFixedSize(80, 26);
+    grid->addWidget(again, row, 0, Qt::AlignLeft);
+    grid->setRowStretch(row + 1, 1);
+    QObject::connect(again, &QPushButton::clicked, page, open);
+    return page;
+}
+
+QWidget* message_box_screen(const std::function<void()>& open)
+{
+    return dialog_screen(open, {reject_dialog});
+}
+
+const QString sample_name = QStringLiteral("<font color=\"white\"><b>Warm Evening</b></font>");
+
+QWidget* information_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::information(
+            nullptr, QStringLiteral("Stylepack written"),
+            QStringLiteral("The stylepack was written to the output folder."));
+    });
+}
+
+QWidget* question_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::question(nullptr, QStringLiteral("Restart now?"),
+                                   QStringLiteral("The language changes after a restart.<br/>"
+                                                  "Restart the program now?"));
+    });
+}
+
+QWidget* warning_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::warning(nullptr, QStringLiteral("Output folder"),
+                                  QStringLiteral("The output folder can't be written."),
+                                  QMessageBox::Ok | QMessageBox::Cancel);
+    });
+}
+
+QWidget* critical_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::critical(
+            nullptr, QStringLiteral("Unsupported preset format"),
+            QStringLiteral("Your preset %1 is in a format that can't be converted.")
+                .arg(sample_name));
+    });
+}
+
+QWidget* question_two_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::question(nullptr, QStringLiteral("Change language"),
+                                   QStringLiteral("Restart now to change the language?"),
+                                   QStringLiteral("Restart"), QStringLiteral("Later"),
+                                   QMessageBox::Yes);
+    });
+}
+
+QWidget* question_three_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::question(nullptr, QStringLiteral("Save log"),
+                                   QStringLiteral("Save the log before clearing it?"),
+                                   QStringLiteral("Save"), QStringLiteral("Discard"),
+                                   QStringLiteral("Keep"), QMessageBox::Yes);
+    });
+}
+
+QWidget* question_four_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::question(
+            nullptr, QStringLiteral("White balance modified by preset"),
+            QStringLiteral("Your preset %1 contains values for the white balance.<br/><br/>"
+                           "Equal white balance values can lead to different results.<br/>"
+                           "They are translated instead of adapted visually.")
+                .arg(sample_name),
+            QStringLiteral("Convert"), QStringLiteral("Skip"), QStringLiteral("Convert All"),
+            QStringLiteral("Skip All"), QMessageBox::Yes);
+    });
+}
+
+QWidget* critical_two_screen()
+{
+    return message_box_screen([] {
+        orn::message_box::critical(nullptr, QStringLiteral("Can't write stylepack"),
+                                   QStringLiteral("The stylepack can't be written.<br/>"
+                                                  "Try another folder?"),
+                                   QStringLiteral("Try again"), QStringLiteral("Give up"),
+                                   QMessageBox::Yes);
+    });
+}
+
+// The About box as the program opens it, and the library list behind its link.
+// Without the program's images the header stays empty.
+QWidget* about_screen()
+{
+    const auto open = [] {
+        orn::dialog_about about(
+            nullptr, QStringLiteral("#logobg{ background-image:url(:/images/Head.png);}"), 97, 10);
+        about.set_3rdparty_libs(orn::dialog_about::default_3rdparty_libs(false, false));
+        about.exec();
+    };
+    const auto open_libraries = [](QWidget* about) {
+        auto* link = about->findChild<orn::clickable_label*>();
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(link, &press);
+        // The library list has been answered by now; the About box goes too.
+        reject_dialog(about);
+    };
+    return dialog_screen(open, {open_libraries, reject_dialog});
+}
+
 std::vector<screen> screens()
 {
     return {
@@ -514,6 +692,16 @@ std::vector<screen> screens()
         {QStringLiteral("plain_buttons"), QStringLiteral("Plain buttons"), plain_buttons_screen},
         {QStringLiteral("check_and_radio"), QStringLiteral("Check and radio"), check_screen},
         {QStringLiteral("inputs"), QStringLiteral("Inputs"), input_screen},
+        {QStringLiteral("information"), QStringLiteral("Information"), information_screen},
+        {QStringLiteral("question"), QStringLiteral("Question"), question_screen},
+        {QStringLiteral("warning"), QStringLiteral("Warning"), warning_screen},
+        {QStringLiteral("critical"), QStringLiteral("Critical"), critical_screen},
+        {QStringLiteral("question_two"), QStringLiteral("Two texts"), question_two_screen},
+        {QStringLiteral("question_three"), QStringLiteral("Three texts"), question_three_screen},
+        {QStringLiteral("question_four"), QStringLiteral("Four texts"), question_four_screen},
+        {QStringLiteral("critical_two"), QStringLiteral("Critical, two texts"),
+         critical_two_screen},
+        {QStringLiteral("about"), QStringLiteral("About"), about_screen},
     };
 }
 
@@ -523,6 +711,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orn_gallery"));
+    QApplication::setApplicationVersion(QStringLiteral(LOOKWRIGHT_VERSION));
     orn::install_widget_layer();
     auto* style = new orn::proxy_style;
     style->set_tooltip_delay(2000);

@@ -1,7 +1,5 @@
-#include "orn/application_information.h"
 #include "orn/component_versions.h"
 #include "orn/network_report.h"
-#include "support/modal_answerer.h"
 
 #include <QNetworkInterface>
 #include <QProcess>
@@ -15,8 +13,6 @@ class tst_diagnostic_reports : public QObject
 private slots:
     void network_report_has_one_block_per_interface();
     void component_report_names_the_checked_out_revision();
-    void application_information_box_data();
-    void application_information_box();
 };
 
 // One block per interface of this machine, in the system's order: the interface
@@ -81,50 +77,6 @@ void tst_diagnostic_reports::component_report_names_the_checked_out_revision()
                             "Component: orn_infrastructure\tVersion: %1\n"
                             "Component: orn_toolkit\tVersion: %1\n")
                  .arg(revision));
-}
-
-void tst_diagnostic_reports::application_information_box_data()
-{
-    QTest::addColumn<QVariantMap>("extra");
-    QTest::addColumn<QString>("ending");
-
-    const QString components = QString::fromStdString(orn::component_report());
-    QTest::newRow("no extra lines") << QVariantMap() << "\n" + components;
-    QTest::newRow("extra lines in key order")
-        << QVariantMap{{"Renderer", "none"}, {"Device", "offscreen"}}
-        << components + "\nDevice:\t\toffscreen\nRenderer:\t\tnone\n";
-}
-
-void tst_diagnostic_reports::application_information_box()
-{
-    QFETCH(QVariantMap, extra);
-    QFETCH(QString, ending);
-
-    QMap<QString, QString> lines;
-    for (auto entry = extra.cbegin(); entry != extra.cend(); ++entry) {
-        lines.insert(entry.key(), entry.value().toString());
-    }
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
-    modal_answerer answers;
-    answers.expect(modal_answerer::click(QStringLiteral("OK")));
-    orn::show_application_information(nullptr, lines);
-
-    QVERIFY(answers.done());
-    const modal_answerer::seen_dialog& box = answers.seen().front();
-    QCOMPARE(box.title, QStringLiteral("Application Information"));
-    QCOMPARE(box.buttons, QStringList("OK"));
-    const QStringList head = box.text.split(QLatin1Char('\n')).mid(0, 7);
-    QCOMPARE(head.value(0), "OS: " + QSysInfo::prettyProductName());
-    QCOMPARE(head.value(1), "ABI: " + QSysInfo::buildAbi());
-    QVERIFY2(head.value(2).contains(" Version: "), qPrintable(head.value(2)));
-    QCOMPARE(head.mid(3, 3), QStringList({"", "Application: " + QCoreApplication::applicationName(),
-                                          "Version: 1.2.0"}));
-    // The build stamp: a date and a time as the compiler gives them.
-    QVERIFY2(QRegularExpression("^Build: \\w{3} [ \\d]\\d \\d{4} \\d\\d:\\d\\d:\\d\\d$")
-                 .match(head.value(6))
-                 .hasMatch(),
-             qPrintable(head.value(6)));
-    QVERIFY2(box.text.endsWith(ending), qPrintable(box.text));
 }
 
 QTEST_MAIN(tst_diagnostic_reports)

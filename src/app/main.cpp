@@ -4,6 +4,7 @@
 #include "app/app_resources.h"
 #include "app/main_window.h"
 #include "orn/application.h"
+#include "orn/application_log.h"
 #include "orn/current_language.h"
 #include "orn/message_handler.h"
 #include "orn/proxy_style.h"
@@ -57,6 +58,12 @@ int main(int argc, char** argv)
                        QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     install_translator(app, QStringLiteral(":/translations/") + lang);
     install_translator(app, QStringLiteral(":/translations/toolkit_") + lang);
+
+    // From here on every console line also reaches the log window.
+    if (orn::application_log::instance() == nullptr) {
+        new orn::application_log(&app);
+    }
+    orn::application_log::instance()->install();
 
     app.window = new MainWindow(nullptr);
     app.window->setAttribute(Qt::WA_DeleteOnClose);

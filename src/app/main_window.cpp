@@ -2,6 +2,8 @@
 
 #include "app/dialog_settings.h"
 #include "app/setting_key.h"
+#include "orn/application_information.h"
+#include "orn/application_log.h"
 #include "orn/button_dark.h"
 #include "orn/current_language.h"
 #include "orn/dialog_about.h"
@@ -18,6 +20,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 
 namespace {
@@ -57,8 +60,20 @@ orn::button_dark* make_header_button(QWidget* parent, const QString& icon, const
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent) : orn::main_window(parent)
+MainWindow::MainWindow(QWidget* parent)
+    : orn::main_window(parent), log_window(orn::application_log::instance())
 {
+    // Two keys for the log, both only while this window has the focus.
+    for (const char* keys : {"Ctrl+Shift+L", "Ctrl+Shift+R"}) {
+        auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
+        shortcut->setContext(Qt::WindowShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            if (log_window != nullptr) {
+                log_window->open_log_window();
+            }
+        });
+    }
+
     // The fonts travel in the resources, so the window looks the same on any desktop.
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSans.ttf"));
     QFontDatabase::addApplicationFont(QStringLiteral(":/images/FreeSansBold.ttf"));
@@ -75,6 +90,12 @@ MainWindow::MainWindow(QWidget* parent) : orn::main_window(parent)
     QApplication::setFont(normal_font);
 
     make_central_widget();
+
+    // The build's identity, from any window of the program, for a support request.
+    auto* information = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+G")), this);
+    information->setContext(Qt::ApplicationShortcut);
+    connect(information, &QShortcut::activated, this,
+            [this] { orn::show_application_information(this); });
 
     // The layout decides the height once; the user may only widen the window.
     setFixedHeight(sizeHint().height());

@@ -8,6 +8,7 @@
 class QGridLayout;
 
 namespace orn {
+class application_log;
 class button_dark;
 class lineedit;
 } // namespace orn
@@ -31,6 +32,7 @@ private:
     void choose_output_folder();
     void show_about();
 
+    orn::application_log* log_window; // the process's log, not owned; null if none was made
     QFont normal_font;
     QFont bold_font;
     QSettings settings;

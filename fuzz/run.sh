@@ -15,7 +15,7 @@ for target in "$build"/fuzz/fuzz_*; do
     mkdir -p "$corpus"
     seeds=("$root/fuzz/seeds/$name")
     case "$name" in
-        fuzz_template* | fuzz_xmp* | fuzz_convert*)
+        fuzz_template* | fuzz_lua_template* | fuzz_xmp* | fuzz_convert*)
             seeds+=("$root/tests/data" "$root/examples")
             [[ -d "$shared" ]] && seeds+=("$shared/lrtemplate" "$shared/xmp")
             ;;

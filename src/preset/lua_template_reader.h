@@ -19,8 +19,11 @@
 // doesn't know, are passed over with a warning in the log. Nothing is ever run:
 // this is a parser of Lua syntax, not an interpreter.
 //
-// Wherever both readers read a text whose strings hold no backslash, they fill the
-// identical record.
+// Wherever both readers read a text the same way, they fill the identical record:
+// that is, where its strings are in double quotes and hold no backslash (the braced
+// reader keeps escapes as written), and its separators stand apart from values (to
+// the braced reader `1;` and `{};` are single words). Bare values that Lua can't
+// read, such as `12abc` or `--3`, are the braced reader's alone.
 
 #include "preset/preset_settings.h"
 

@@ -15,7 +15,7 @@ namespace {
 // first other byte, which is almost always the first.
 bool is_blank(QFile& file)
 {
-    constexpr qint64 chunk = 64 * 1024;
+    constexpr qint64 chunk = qint64(64) * 1024;
     while (!file.atEnd()) {
         const QByteArray bytes = file.read(chunk);
         if (bytes.isEmpty()) {

@@ -209,7 +209,7 @@ QString lua_lexer::read_long_bracket(int level, const char* what)
                 ++equals;
             }
             if (equals == level && at(position_ + 1 + equals) == QLatin1Char(']')) {
-                const QString contents = text_->mid(contents_start, position_ - contents_start);
+                QString contents = text_->mid(contents_start, position_ - contents_start);
                 position_ += level + 2;
                 return contents;
             }

@@ -244,7 +244,7 @@ private:
         step();
         parse_expression(0);
         expect(QLatin1String("]"));
-        const QString key = text_.mid(begin, previous_end_ - begin);
+        QString key = text_.mid(begin, previous_end_ - begin);
         expect(QLatin1String("="));
         return key;
     }

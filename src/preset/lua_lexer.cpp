@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <cstring>
+
 namespace {
 
 constexpr ushort byte_order_mark = 0xFEFF;
@@ -24,7 +26,8 @@ int symbol_length(const QStringRef& rest)
     const auto followed_by = [&rest](int offset, char unit) {
         return rest.size() > offset && rest.at(offset) == QLatin1Char(unit);
     };
-    switch (rest.at(0).unicode()) {
+    const ushort first = rest.at(0).unicode();
+    switch (first) {
     case '.':
         return followed_by(1, '.') ? (followed_by(2, '.') ? 3 : 2) : 1;
     case '=':
@@ -33,26 +36,12 @@ int symbol_length(const QStringRef& rest)
         return followed_by(1, '=') ? 2 : 1;
     case '~':
         return followed_by(1, '=') ? 2 : 0;
-    case '{':
-    case '}':
-    case '[':
-    case ']':
-    case '(':
-    case ')':
-    case ',':
-    case ';':
-    case ':':
-    case '+':
-    case '-':
-    case '*':
-    case '/':
-    case '%':
-    case '^':
-    case '#':
-        return 1;
     default:
-        return 0;
+        break;
     }
+    const bool single = first > 0 && first < 128 &&
+                        std::strchr("{}[](),;:+-*/%^#", static_cast<char>(first)) != nullptr;
+    return single ? 1 : 0;
 }
 
 bool is_line_end(QChar unit)

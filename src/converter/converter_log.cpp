@@ -9,6 +9,9 @@ namespace {
 console_report* active_report = nullptr;
 converter_options::verbosity active_level = converter_options::verbosity::normal;
 QString active_file;
+// A broken template's log line quotes the words around the fault, and an open
+// quote makes the rest of the file one word: a terminal gets the start of it.
+constexpr int longest_line = 1000;
 
 int severity(QtMsgType type)
 {
@@ -67,7 +70,12 @@ void converter_message_handler(QtMsgType type, const QMessageLogContext&, const 
     if (active_report == nullptr || !shown(type)) {
         return;
     }
-    active_report->log_line(kind_word(type), active_file, readable(message));
+    QString text = readable(message);
+    if (text.size() > longest_line) {
+        text = text.left(longest_line) +
+               QStringLiteral("... (%1 more characters)").arg(text.size() - longest_line);
+    }
+    active_report->log_line(kind_word(type), active_file, text);
 }
 
 } // namespace

@@ -472,6 +472,9 @@ void tst_converter::one_file_data()
     QTest::newRow("a photo's sidecar with develop settings") << "IMG_0002.xmp"
         << xmp_preset("", "xmlns:tiff=\"http://ns.adobe.com/tiff/1.0/\" tiff:Make=\"Maker\"") << none << converted
         << "" << "Exposure=0.571429";
+    QTest::newRow("an open quote early in a long template") << "Quote.lrtemplate"
+        << "s = {\n\ttitle = \"Open,\n" + QByteArray("\tExposure2012 = 0.5,\n").repeated(500) + "}\n" << none << failed
+        << "error: %1: can't be read as a preset: line 2: unfinished string" << "";
     const QByteArray cut = xmp_preset("Cut");
     QTest::newRow("the core's log line names its file") << "Cut.xmp" << cut.left(cut.indexOf("<crs:Name>") + 14) << none << converted
         << "warning: %1: Premature end of document." << "Exposure=0.571429";
@@ -492,6 +495,9 @@ void tst_converter::one_file()
         run(options + QStringList{QStringLiteral("-o"), QStringLiteral("out"), path});
     QCOMPARE(result.out, summary);
     QCOMPARE(result.exit_code, summary.contains(QLatin1String(" 1 failed")) ? 1 : 0);
+    for (const QString& error_line : result.err.split(QLatin1Char('\n'))) {
+        QVERIFY2(error_line.size() < 1200, qPrintable(error_line.left(200)));
+    }
     QVERIFY2(result.err.split(QLatin1Char('\n'))
                      .contains(QStringLiteral("lookwright-convert: ") + line.arg(path)) ||
                  line.isEmpty(),

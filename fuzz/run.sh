@@ -29,7 +29,7 @@ for target in "$build"/fuzz/fuzz_*; do
     mkdir -p "$corpus" "$found"
     seeds=("$kept")
     case "$name" in
-        fuzz_template* | fuzz_xmp* | fuzz_convert*)
+        fuzz_template* | fuzz_lua_template* | fuzz_xmp* | fuzz_convert*)
             seeds+=("$root/tests/data" "$root/examples" "$shared/golden/presets/generated"
                     "$shared/presets/real/lrtemplate" "$shared/presets/real/xmp")
             ;;

@@ -2,6 +2,7 @@
 // lua_syntax_error, nothing else, and never deeper recursion than its limit.
 
 #include "fuzz_input_file.h"
+#include "fuzz_target.h"
 #include "preset/lua_lexer.h"
 #include "preset/lua_template_reader.h"
 

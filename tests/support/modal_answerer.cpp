@@ -36,6 +36,7 @@ void modal_answerer::poll()
     record.title = dialog->windowTitle();
     if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
         record.text = box->text();
+        record.icon = box->icon();
         if (auto* buttons = box->findChild<QDialogButtonBox*>()) {
             for (QAbstractButton* button : buttons->buttons()) {
                 record.buttons << button->text();
@@ -44,6 +45,10 @@ void modal_answerer::poll()
         if (QPushButton* button = box->defaultButton()) {
             record.default_button = button->text();
         }
+    }
+    if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+        record.directory = files->directory().absolutePath();
+        record.name_filters = files->nameFilters();
     }
     seen_.push_back(record);
     last_answered_ = dialog;

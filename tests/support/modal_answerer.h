@@ -29,9 +29,12 @@ public:
     {
         QString class_name;
         QString title;
-        QString text;           // a message box's text, empty for other dialogs
-        QStringList buttons;    // button texts in the order the box lays them out
-        QString default_button; // text of the default button, empty if none
+        QString text;             // a message box's text, empty for other dialogs
+        int icon = 0;             // a message box's QMessageBox::Icon
+        QStringList buttons;      // button texts in the order the box lays them out
+        QString default_button;   // text of the default button, empty if none
+        QString directory;        // a file dialog's folder, empty for other dialogs
+        QStringList name_filters; // a file dialog's filters
     };
 
     modal_answerer();

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+
+namespace orn {
+
+// A combo box that looks like whatever its paint callback draws and, instead of
+// (or besides) its list, toggles a widget of its own below it.
+class button_combobox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    // The widget that the button shows and hides; made by the owner and placed
+    // in the window, below the button. moc can't handle a nested class, and this
+    // one adds no signals or slots, so it goes without Q_OBJECT.
+    class combo_box_widget : public QWidget
+    {
+    public:
+        explicit combo_box_widget(QWidget* parent = nullptr);
+    };
+
+    explicit button_combobox(QWidget* parent = nullptr);
+
+    void set_paint_callback(std::function<void(QPainter&)> callback);
+    // Takes the widget into the button's window, hidden until the next popup.
+    void set_popup_widget(combo_box_widget* widget);
+    combo_box_widget* popup_widget() const { return popup_widget_; }
+    // The next popup does nothing: for a press that already closed the widget.
+    void swallow_next_popup() { swallow_popup_ = true; }
+
+    void showPopup() override;
+
+signals:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::function<void(QPainter&)> paint_callback_;
+    bool swallow_popup_ = false;
+    combo_box_widget* popup_widget_ = nullptr;
+};
+
+} // namespace orn

@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 
 export QT_QPA_PLATFORM = offscreen
 
-.PHONY: all deps configure build test bench sanitize fuzz format clean
+.PHONY: all deps configure build run install package test bench bench-startup sanitize fuzz format clean
 
 all: build
 
@@ -20,6 +20,22 @@ configure: deps $(BUILD_DIR)/CMakeCache.txt
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
 
+# The window itself, on the desktop this is typed on: the offscreen platform above
+# is for the tests only.
+run: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS) --target lookwright
+	env -u QT_QPA_PLATFORM $(BUILD_DIR)/lookwright
+
+# Installs the two programs, the desktop entry, the AppStream file and the icons
+# below PREFIX; DESTDIR stages them elsewhere, as packagers do.
+PREFIX ?= /usr/local
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD_DIR) --prefix $(PREFIX)
+
+# A Debian package of the same tree, installed under /usr, in $(BUILD_DIR).
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
+
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
 
@@ -27,6 +43,10 @@ test: build
 bench: build
 	$(BUILD_DIR)/bench/bench_core
 	bench/end_to_end.sh $(BUILD_DIR)/lookwright-convert
+
+# How long the window takes to appear, under Xvfb, next to a bare Qt window.
+bench-startup: build
+	bench/startup.sh $(BUILD_DIR)
 
 # The whole suite again, built with AddressSanitizer and UndefinedBehaviorSanitizer.
 SANITIZE_DIR ?= build-sanitize

@@ -9,6 +9,8 @@ packages=(
     libzip-dev liblcms2-dev fonts-freefont-ttf
     libbenchmark-dev libclang-rt-14-dev
     zip unzip time
+    desktop-file-utils appstream dpkg-dev fakeroot
+    xvfb xdotool dbus-daemon imagemagick
 )
 
 missing=()

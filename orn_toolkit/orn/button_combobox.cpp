@@ -18,7 +18,6 @@ void button_combobox::set_popup_widget(combo_box_widget* widget)
 {
     popup_widget_ = widget;
     if (popup_widget_) {
-        popup_widget_->setParent(window());
         popup_widget_->hide();
     }
 }
@@ -35,7 +34,11 @@ void button_combobox::showPopup()
         return;
     }
     if (popup_widget_->isHidden()) {
-        popup_widget_->move(mapTo(window(), rect().bottomLeft()));
+        // The button may have changed windows since the widget was given.
+        if (popup_widget_->parentWidget() != window()) {
+            popup_widget_->setParent(window());
+        }
+        popup_widget_->move(mapTo(window(), QPoint(0, height())));
         popup_widget_->show();
         popup_widget_->raise();
     } else {

@@ -25,7 +25,8 @@ public:
     explicit button_combobox(QWidget* parent = nullptr);
 
     void set_paint_callback(std::function<void(QPainter&)> callback);
-    // Takes the widget into the button's window, hidden until the next popup.
+    // The widget toggled by each popup; it goes into the button's window when first
+    // shown, just below the button.
     void set_popup_widget(combo_box_widget* widget);
     combo_box_widget* popup_widget() const { return popup_widget_; }
     // The next popup does nothing: for a press that already closed the widget.

@@ -36,6 +36,7 @@
 #include <QSlider>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 #include <functional>
 #include <vector>
@@ -172,7 +173,12 @@ QWidget* dark_buttons_screen()
     add_state_header(grid);
 
     const std::vector<std::pair<QString, std::function<orn::button_dark*()>>> rows = {
-        {QStringLiteral("text"), [] { return new orn::button_dark(QStringLiteral("Convert")); }},
+        {QStringLiteral("text, tool tip"),
+         [] {
+             auto* b = new orn::button_dark(QStringLiteral("Convert"));
+             b->setToolTip(QStringLiteral("Tool tips come after two seconds"));
+             return b;
+         }},
         {QStringLiteral("icon"),
          [] {
              auto* b = new orn::button_dark;
@@ -250,8 +256,12 @@ QWidget* flat_buttons_screen()
 
     const std::vector<std::pair<QString, std::function<orn::button_dark*()>>> rows = {
         {QStringLiteral("flat"), [] { return new orn::button_dark_flat(QStringLiteral("Flat")); }},
-        {QStringLiteral("round"),
-         [] { return new orn::button_dark_round(QStringLiteral("Round")); }},
+        {QStringLiteral("round, tool tip"),
+         [] {
+             auto* b = new orn::button_dark_round(QStringLiteral("Round"));
+             b->setToolTip(QStringLiteral("A flat button's tool tip"));
+             return b;
+         }},
         {QStringLiteral("round, icon"),
          [] {
              auto* b = new orn::button_dark_round;
@@ -334,7 +344,11 @@ QWidget* plain_buttons_screen()
         ++row;
     }
     grid->addWidget(new QLabel(QStringLiteral("button_custom")), row, 0);
-    grid->addWidget(new orn::button_custom(QStringLiteral("Custom")), row, 1, Qt::AlignCenter);
+    // A custom button has no look of its own; the owner gives it one.
+    auto* custom = new orn::button_custom(QStringLiteral("Drop here"));
+    custom->setStyleSheet(QStringLiteral("QPushButton{border:1px dashed rgb(99,99,99);"
+                                         "padding:4px 12px;background:transparent;}"));
+    grid->addWidget(custom, row, 1, Qt::AlignCenter);
     grid->setRowStretch(row + 1, 1);
     return page;
 }
@@ -474,16 +488,16 @@ QWidget* input_screen()
             painter.setPen(to_color(orn::palette::text));
             painter.drawText(box->rect(), Qt::AlignCenter, QStringLiteral("Pick a colour"));
         });
-        auto* popup = new orn::button_combobox::combo_box_widget;
-        popup->setFixedSize(120, 40);
-        popup->setStyleSheet(QStringLiteral("background:rgb(36,36,36);"));
+        auto* popup = new orn::button_combobox::combo_box_widget(page);
+        popup->setFixedSize(160, 40);
+        popup->setObjectName(QStringLiteral("popup"));
+        popup->setAttribute(Qt::WA_StyledBackground);
+        popup->setStyleSheet(
+            QStringLiteral("#popup{background:rgb(36,36,36);border:1px solid rgb(99,99,99);}"));
+        auto* popup_layout = new QVBoxLayout(popup);
+        popup_layout->addWidget(new QLabel(QStringLiteral("The popup widget")));
         grid->addWidget(box, row, 1);
-        // The popup goes into the window once the box has one.
-        QObject::connect(box, &orn::button_combobox::clicked, box, [box, popup] {
-            if (!box->popup_widget()) {
-                box->set_popup_widget(popup);
-            }
-        });
+        box->set_popup_widget(popup);
     }
     ++row;
     grid->addWidget(new QLabel(QStringLiteral("slider (proxy_style)")), row, 0);
@@ -527,8 +541,13 @@ int main(int argc, char** argv)
 
     QTabWidget window;
     window.setWindowTitle(QStringLiteral("orn gallery"));
-    window.setStyleSheet(
-        QStringLiteral("QWidget#page{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}"));
+    // The tabs only carry the gallery; they take the input ground so that the
+    // light text of the window's sheet stays readable on them.
+    window.setStyleSheet(QStringLiteral(
+        "QWidget#page{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}"
+        "QTabWidget::pane{border:none;}"
+        "QTabBar::tab{background:rgb(36,36,36);border:1px solid rgb(99,99,99);padding:4px 12px;}"
+        "QTabBar::tab:selected{background:rgb(47,47,47);border-bottom:none;}"));
     window.resize(900, 620);
 
     if (parser.isSet(shots_option)) {

@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Start-up time of the window program: from the moment the process is started until
+# its window is mapped, under Xvfb and inside a session bus as on a desktop. Each of
+# RUNS starts is a new process with an empty settings store; the median is reported,
+# next to the same figure for a bare Qt window (bench/plain_window.cpp) so that the
+# number can be read against what Qt itself costs on this machine.
+#
+#   bench/startup.sh BUILD_DIR [RUNS]
+set -euo pipefail
+
+# Inner mode, run inside dbus-run-session: start PROGRAM, poll until a visible
+# window of that process with the title is there, print the milliseconds, stop it.
+if [[ "${1:-}" == "--once" ]]; then
+    program=$2
+    start=$EPOCHREALTIME
+    "$program" > /dev/null 2>&1 &
+    pid=$!
+    # xdotool's own --sync looks only every half second; poll every 10 ms instead.
+    until xdotool search --onlyvisible --pid "$pid" --name '^Lookwright$' > /dev/null 2>&1; do
+        if ! kill -0 "$pid" 2> /dev/null; then
+            echo "startup.sh: $program ended without showing its window" >&2
+            exit 1
+        fi
+        sleep 0.01
+    done
+    end=$EPOCHREALTIME
+    kill "$pid"
+    wait "$pid" 2> /dev/null || true
+    awk -v s="$start" -v e="$end" 'BEGIN { printf "%.0f\n", (e - s) * 1000 }'
+    exit 0
+fi
+
+build=$(cd "${1:?usage: startup.sh BUILD_DIR [RUNS]}" && pwd)
+runs=${2:-10}
+self=$(cd "$(dirname "$0")" && pwd)/$(basename "$0")
+
+# A display number nobody uses.
+n=90
+while [[ -e /tmp/.X11-unix/X$n || -e /tmp/.X$n-lock ]]; do n=$((n + 1)); done
+Xvfb ":$n" -screen 0 1600x1000x24 -nolisten tcp -noreset > /dev/null 2>&1 &
+xvfb=$!
+scratch=$(mktemp -d)
+trap 'kill $xvfb 2> /dev/null || true; rm -rf "$scratch"' EXIT
+for _ in $(seq 100); do
+    [[ -e /tmp/.X11-unix/X$n ]] && break
+    sleep 0.05
+done
+
+export DISPLAY=":$n" HOME="$scratch" XDG_CONFIG_HOME="$scratch/.config"
+export XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORMTHEME=
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+unset QT_QPA_PLATFORM
+
+median() { sort -n | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
+
+measure() {
+    local program=$1 label=$2 times=()
+    for _ in $(seq "$runs"); do
+        times+=("$(dbus-run-session -- "$self" --once "$program")")
+    done
+    printf '%-28s median %4s ms   (runs: %s)\n' "$label" \
+        "$(printf '%s\n' "${times[@]}" | median)" "${times[*]}"
+}
+
+measure "$build/bench/plain_window" "bare Qt window"
+measure "$build/lookwright" "lookwright"

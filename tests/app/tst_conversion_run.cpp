@@ -244,7 +244,7 @@ void tst_conversion_run::dialog_texts_data()
                "support@corvane.example<br/><br/>Error: Unexpected token type found. Expected "
                "token_type::comma, got token_type::name";
     QTest::newRow("white balance")
-        << "Warm.xmp" << xmp_preset("Warm & Co", {"wb"}) << question
+        << "Warm.xmp" << xmp_preset("Warm &amp; Co", {"wb"}) << question
         << "White balance modified by preset"
         << "Your preset " + bold("Warm & Co") +
                " contains values for the white balance.<br/><br/>Equal white balance values can "
@@ -476,8 +476,10 @@ void tst_conversion_run::missing_output_folder_is_silent()
     QCOMPARE(int(boxes.seen().size()), 1);
     QVERIFY(!QFileInfo::exists(dir_->filePath("out/gone")));
     QCOMPARE(written_styles(), QStringList());
+    // Nothing about the target: the offscreen platform's own warnings may be there.
+    QCOMPARE(log.messages(QtInfoMsg), QStringList());
     for (const QString& line : log.lines()) {
-        QVERIFY2(line.startsWith("Debug: "), qPrintable(line));
+        QVERIFY2(!line.contains("gone") && !line.contains("costyle"), qPrintable(line));
     }
     const QStringList debug = log.messages(QtDebugMsg);
     QVERIFY(std::any_of(debug.begin(), debug.end(), [](const QString& line) {
@@ -573,10 +575,11 @@ void tst_conversion_run::window_writes_what_the_converter_writes()
 
     modal_answerer boxes;
     boxes.expect(modal_answerer::choose_files(paths));
-    queue(boxes, {"Convert", "Convert", "Convert All", "Convert"});
+    // Calibration, answered "Convert All" at Cool, lets a.b.xmp through silently.
+    queue(boxes, {"Convert", "Convert", "Convert All"});
     QTest::mouseClick(convert, Qt::LeftButton);
     QVERIFY(boxes.done());
-    QCOMPARE(int(boxes.seen().size()), 5);
+    QCOMPARE(int(boxes.seen().size()), 4);
 
     const QString converted = dir_->filePath("converted");
     QProcess converter;

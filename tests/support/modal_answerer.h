@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -12,7 +13,10 @@
 
 // Answers the real modal dialogs of a slot as they open, the way a user would:
 // each queued answer is given to the next modal widget that appears. The slot
-// under test runs unchanged, with its own message boxes and file dialogs.
+// under test runs unchanged, with its own message boxes and file dialogs. A new
+// dialog that finds no answer queued is recorded in seen() and rejected, so that
+// an unexpected dialog fails a test instead of blocking it. Of two answerers alive
+// at once, the newer one answers.
 //
 //   modal_answerer answers;
 //   answers.expect(modal_answerer::choose_files({path}));
@@ -38,6 +42,7 @@ public:
     };
 
     modal_answerer();
+    ~modal_answerer() override;
 
     void expect(answer reply);
     // True when every queued answer has been given.
@@ -57,7 +62,11 @@ private:
     void poll();
 
     QTimer timer_;
+    // Of several answerers alive at once, only the newest answers.
+    modal_answerer* previous_ = nullptr;
     std::deque<answer> pending_;
     std::vector<seen_dialog> seen_;
     QPointer<QWidget> last_answered_;
+    // Every dialog met so far; one of them may come back for a later answer.
+    QList<QPointer<QWidget>> met_;
 };

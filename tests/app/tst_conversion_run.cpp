@@ -23,9 +23,8 @@ QString bold(const QString& name)
 }
 
 // Values that make the inspection raise each kind of warning.
-const QMap<QString, QByteArray> kind_values{{"wb", "Temperature=\"5500\""},
-                                            {"lut", "RGBTable=\"4C55543344\""},
-                                            {"cal", "RedHue=\"+12\""}};
+const QMap<QString, QByteArray> kind_values{
+    {"wb", "Temperature=\"5500\""}, {"lut", "RGBTable=\"4C55543344\""}, {"cal", "RedHue=\"+12\""}};
 const QMap<QString, QString> kind_titles{{"wb", "White balance modified by preset"},
                                          {"lut", "Unsupported parameters in preset"},
                                          {"cal", "Camera calibration modified by preset"}};
@@ -166,7 +165,7 @@ void tst_conversion_run::run(modal_answerer& answers)
 
 void tst_conversion_run::open_dialog_and_input_dir_data()
 {
-    QTest::addColumn<QString>("stored");   // input_dir before the run, "" for none
+    QTest::addColumn<QString>("stored");    // input_dir before the run, "" for none
     QTest::addColumn<QStringList>("files"); // chosen in the dialog; none cancels it
     QTest::addColumn<QString>("opened_in");
     QTest::addColumn<QString>("stored_after");
@@ -174,8 +173,10 @@ void tst_conversion_run::open_dialog_and_input_dir_data()
     const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     QTest::newRow("first start opens the pictures folder")
         << "" << QStringList{"in/a/x.xmp"} << pictures << "in/a";
-    QTest::newRow("stored folder") << "in/b" << QStringList{"in/a/x.xmp"} << "in/b" << "in/a";
-    QTest::newRow("cancel leaves it") << "in/b" << QStringList{} << "in/b" << "in/b";
+    QTest::newRow("stored folder") << "in/b" << QStringList{"in/a/x.xmp"} << "in/b"
+                                   << "in/a";
+    QTest::newRow("cancel leaves it") << "in/b" << QStringList{} << "in/b"
+                                      << "in/b";
     QTest::newRow("two folders store the first")
         << "" << QStringList{"in/b/y.xmp", "in/a/x.xmp"} << pictures << "in/b";
     QTest::newRow("stored even if every file fails")
@@ -202,7 +203,8 @@ void tst_conversion_run::open_dialog_and_input_dir()
     }
 
     modal_answerer answers;
-    answers.expect(paths.isEmpty() ? modal_answerer::cancel() : modal_answerer::choose_files(paths));
+    answers.expect(paths.isEmpty() ? modal_answerer::cancel()
+                                   : modal_answerer::choose_files(paths));
     if (files.contains("in/a/notes.txt")) {
         queue(answers, {"OK"});
     }
@@ -349,8 +351,7 @@ void tst_conversion_run::decisions_data()
         << QStringList{"a wb", "b wb", "c wb"} << QStringList{"a wb Convert All"}
         << QStringList{"a", "b", "c"};
     QTest::newRow("skip all skips later presets silently")
-        << QStringList{"a lut", "b lut", "c"} << QStringList{"a lut Skip All"}
-        << QStringList{"c"};
+        << QStringList{"a lut", "b lut", "c"} << QStringList{"a lut Skip All"} << QStringList{"c"};
     QTest::newRow("three warnings in order")
         << QStringList{"a cal lut wb"}
         << QStringList{"a wb Convert", "a lut Convert", "a cal Convert"} << QStringList{"a"};
@@ -360,8 +361,8 @@ void tst_conversion_run::decisions_data()
         << QStringList{"a wb cal", "b wb cal", "c wb", "d cal"}
         << QStringList{"a wb Convert All", "a cal Skip All"} << QStringList{"c"};
     QTest::newRow("skip all silences before another kind asks")
-        << QStringList{"a wb", "b cal wb", "c cal"}
-        << QStringList{"a wb Skip All", "c cal Convert"} << QStringList{"c"};
+        << QStringList{"a wb", "b cal wb", "c cal"} << QStringList{"a wb Skip All", "c cal Convert"}
+        << QStringList{"c"};
     QTest::newRow("skip all of a later kind comes first")
         << QStringList{"a cal", "b wb cal"} << QStringList{"a cal Skip All"} << QStringList{};
     QTest::newRow("kinds are independent")
@@ -494,18 +495,22 @@ void tst_conversion_run::stylepack_tail_data()
     QTest::addColumn<QStringList>("answers");
     QTest::addColumn<QStringList>("entries"); // entry names; the style's Name is their base
 
-    QTest::newRow("stylepack") << "stylepack" << "Looks.costylepack" << QStringList{"Convert"}
+    QTest::newRow("stylepack") << "stylepack"
+                               << "Looks.costylepack" << QStringList{"Convert"}
                                << QStringList{"Cool.costyle", "Warm.costyle"};
-    QTest::newRow("category") << "stylepack_category" << "My Looks.costylepack"
-                              << QStringList{"Convert"}
+    QTest::newRow("category") << "stylepack_category"
+                              << "My Looks.costylepack" << QStringList{"Convert"}
                               << QStringList{"My Looks/Cool.costyle", "My Looks/Warm.costyle"};
     QTest::newRow("category of a dotted name")
-        << "stylepack_category" << "a.b.costylepack" << QStringList{"Convert"}
+        << "stylepack_category"
+        << "a.b.costylepack" << QStringList{"Convert"}
         << QStringList{"a.b/Cool.costyle", "a.b/Warm.costyle"};
     QTest::newRow("unknown format acts as stylepack")
-        << "zip" << "Looks.costylepack" << QStringList{"Skip"} << QStringList{"Cool.costyle"};
+        << "zip"
+        << "Looks.costylepack" << QStringList{"Skip"} << QStringList{"Cool.costyle"};
     QTest::newRow("cancelled save drops the styles")
-        << "stylepack" << "" << QStringList{"Convert"} << QStringList{};
+        << "stylepack"
+        << "" << QStringList{"Convert"} << QStringList{};
 }
 
 void tst_conversion_run::stylepack_tail()
@@ -583,8 +588,8 @@ void tst_conversion_run::window_writes_what_the_converter_writes()
 
     const QString converted = dir_->filePath("converted");
     QProcess converter;
-    converter.start(LOOKWRIGHT_CONVERTER, QStringList{"-q", "-c", colour_space, "-o", converted} +
-                                              paths);
+    converter.start(LOOKWRIGHT_CONVERTER,
+                    QStringList{"-q", "-c", colour_space, "-o", converted} + paths);
     QVERIFY(converter.waitForFinished(60000));
     QCOMPARE(converter.exitCode(), 0);
 

@@ -54,9 +54,10 @@ test-locale: build
 tidy: build
 	tools/run_tidy.sh $(BUILD_DIR) $(JOBS)
 
-# Figures for bench/README.md: the core's steps, then the converter end to end.
+# Figures for bench/README.md: the core's steps, the window's run, then the converter end to end.
 bench: build
 	$(BUILD_DIR)/bench/bench_core
+	$(BUILD_DIR)/bench/bench_conversion_run
 	bench/end_to_end.sh $(BUILD_DIR)/lookwright-convert
 
 # How long the window takes to appear, under Xvfb, next to a bare Qt window.

@@ -52,7 +52,10 @@ for target in "$build"/fuzz/fuzz_*; do
     [[ -d "$kept" ]] && cp "$kept"/. "$merged"/ -r
     before=$(mktemp)
     hashes_of "$merged" >"$before"
-    "$target" -merge=1 -timeout=10 -rss_limit_mb=2048 "$merged" "$corpus" >/dev/null 2>&1
+    if ! "$target" -merge=1 -timeout=10 -rss_limit_mb=2048 "$merged" "$corpus" >"$build/merge.log" 2>&1; then
+        echo "$name: merging the run's corpus failed, see $build/merge.log" >&2
+        exit 1
+    fi
     added=0
     while IFS= read -r -d '' file; do
         hash=$(sha1sum "$file" | cut -d' ' -f1)

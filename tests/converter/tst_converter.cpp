@@ -4,6 +4,9 @@
 
 #include <QtTest>
 
+#include <cerrno>
+#include <cstring>
+
 namespace {
 
 const QByteArray braced_template = "s = {\n"
@@ -498,9 +501,9 @@ void tst_converter::one_file()
     for (const QString& error_line : result.err.split(QLatin1Char('\n'))) {
         QVERIFY2(error_line.size() < 1200, qPrintable(error_line.left(200)));
     }
-    QVERIFY2(result.err.split(QLatin1Char('\n'))
-                     .contains(QStringLiteral("lookwright-convert: ") + line.arg(path)) ||
-                 line.isEmpty(),
+    QVERIFY2(line.isEmpty() ||
+                 result.err.split(QLatin1Char('\n'))
+                     .contains(QStringLiteral("lookwright-convert: ") + line.arg(path)),
              qPrintable(result.err));
     const QStringList written = QDir(dir_->filePath(QStringLiteral("out"))).entryList(QDir::Files);
     QCOMPARE(written.size(), style.isEmpty() ? 0 : 1);
@@ -546,7 +549,7 @@ void tst_converter::archive_failure_says_why()
              input(QStringLiteral("Warm.lrtemplate"), braced_template)});
     QCOMPARE(result.exit_code, 1);
     QVERIFY2(result.err.contains(pack + QStringLiteral(": the archive could not be written: ")) &&
-                 result.err.contains(QStringLiteral("No space left on device")),
+                 result.err.contains(QString::fromLocal8Bit(std::strerror(ENOSPC))),
              qPrintable(result.err));
 }
 

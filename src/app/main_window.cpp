@@ -1,6 +1,7 @@
 #include "app/main_window.h"
 
 #include "app/dialog_settings.h"
+#include "app/file_dialog_palette.h"
 #include "app/setting_key.h"
 #include "orn/application_information.h"
 #include "orn/application_log.h"
@@ -9,6 +10,7 @@
 #include "orn/dialog_about.h"
 #include "orn/help_documents.h"
 #include "orn/lineedit.h"
+#include "orn/palette.h"
 #include "orn/pixel_argb.h"
 #include "orn/show_help.h"
 
@@ -27,8 +29,8 @@ namespace {
 
 // Every icon of the window is centred and drawn in the toolkit's two greys.
 constexpr int centred = -1;
-constexpr orn::pixel_argb icon_highlight(240, 240, 240);
-constexpr orn::pixel_argb icon_normal(129, 136, 133);
+constexpr orn::pixel_argb icon_highlight = orn::palette::icon_highlight;
+constexpr orn::pixel_argb icon_normal = orn::palette::icon_normal;
 
 const char* const window_style =
     "MainWindow{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}";
@@ -111,6 +113,7 @@ void MainWindow::make_central_widget()
     outer->setVerticalSpacing(0);
     outer->setHorizontalSpacing(0);
     setStyleSheet(QString::fromLatin1(window_style));
+    use_dark_file_dialogs(this);
 
     make_header(outer);
 

@@ -8,6 +8,7 @@
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
 
+#include <QAbstractItemView>
 #include <QFileDialog>
 #include <QLabel>
 #include <QSettings>
@@ -110,8 +111,10 @@ void tst_main_window::folder_chooser()
     window.show();
     modal_answerer answers;
     QString start_folder;
+    QPalette list_palette;
     answers.expect([&](QWidget* dialog) {
         start_folder = qobject_cast<QFileDialog*>(dialog)->directory().path();
+        list_palette = dialog->findChild<QAbstractItemView*>("treeView")->palette();
         if (chosen.isEmpty()) {
             modal_answerer::cancel()(dialog);
         } else {
@@ -123,6 +126,9 @@ void tst_main_window::folder_chooser()
     QVERIFY(answers.done());
     QCOMPARE(answers.seen().front().title, QString("Select output folder"));
     QCOMPARE(start_folder, stored.isEmpty() ? pictures_folder() : in_scratch(stored));
+    // The window's light text stands on a dark ground in the dialog too.
+    QVERIFY(list_palette.color(QPalette::Base).lightness() < 64);
+    QVERIFY(list_palette.color(QPalette::Text).lightness() > 160);
     const QString shown = expected.isEmpty() ? pictures_folder() : in_scratch(expected);
     QCOMPARE(window.findChild<orn::lineedit*>()->text(), shown);
     QCOMPARE(QSettings().value("output_dir").toString(), in_scratch(expected));

@@ -6,7 +6,7 @@ set(CPACK_PACKAGE_NAME lookwright)
 set(CPACK_PACKAGE_VENDOR Corvane)
 set(CPACK_PACKAGE_CONTACT "Corvane <support@corvane.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Translates Lightroom develop presets into Capture One styles")
-set(CPACK_PACKAGE_DESCRIPTION
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
     "Lookwright reads Lightroom develop presets (.lrtemplate and .xmp) and writes\n"
     "Capture One styles, one .costyle per preset or one .costylepack per batch.\n"
     "It comes with a window program and the command-line lookwright-convert.")

@@ -4,12 +4,10 @@
 
 #include "convert/lut_set.h"
 #include "fuzz_input_file.h"
+#include "fuzz_target.h"
 #include "preset/preset_file.h"
 
 #include <QStringList>
-
-#include <cstddef>
-#include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

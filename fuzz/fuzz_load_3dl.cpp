@@ -1,12 +1,10 @@
 // Any bytes as a .3dl table: a filled table or orn::exception, nothing else.
 
 #include "convert/lut_3d.h"
+#include "fuzz_target.h"
 #include "orn/exception.h"
 
 #include <QBuffer>
-
-#include <cstddef>
-#include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

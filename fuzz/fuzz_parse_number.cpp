@@ -1,9 +1,8 @@
 // Any text through the tolerant number conversion: always a defined double.
 
+#include "fuzz_target.h"
 #include "orn/parse_number.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

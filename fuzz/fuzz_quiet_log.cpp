@@ -1,8 +1,8 @@
 // The core logs freely; under a fuzzer that would only slow every run down.
 
-#include <QtGlobal>
+#include "fuzz_target.h"
 
-#include <cstdint>
+#include <QtGlobal>
 
 namespace {
 

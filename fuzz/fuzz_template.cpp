@@ -2,10 +2,9 @@
 // or the reader's std::runtime_error, nothing else.
 
 #include "fuzz_input_file.h"
+#include "fuzz_target.h"
 #include "preset/template_reader.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <stdexcept>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

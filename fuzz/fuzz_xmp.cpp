@@ -2,10 +2,8 @@
 // data, whatever the document holds.
 
 #include "fuzz_input_file.h"
+#include "fuzz_target.h"
 #include "preset/xmp_reader.h"
-
-#include <cstddef>
-#include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -34,7 +34,7 @@ int main(int argc, char** argv)
     writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
     writer.setCreator(QStringLiteral("Lookwright build"));
     writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                     QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter));
+                                     QMarginsF(20, 16, 20, 16), QPageLayout::Millimeter));
     document.print(&writer);
     if (!QFile::exists(QString::fromLocal8Bit(argv[2]))) {
         std::fprintf(stderr, "render_manual: can't write %s\n", argv[2]);

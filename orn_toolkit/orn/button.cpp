@@ -42,7 +42,12 @@ void button::mouseReleaseEvent(QMouseEvent* /*event*/)
         merge_style_sheet(this, QLatin1String(flash_sheet));
     }
     // Each release starts its own shot; the first to fire ends the flash.
+    // The static analyzer loses track of the slot object that Qt's singleShot
+    // template hands to QTimer and reports it as leaked inside qtimer.h, where no
+    // NOLINT can reach; the call is hidden from it alone.
+#ifndef __clang_analyzer__
     QTimer::singleShot(flash_milliseconds, this, &button::deaktivate_highlight);
+#endif
     highlighted_ = true;
     update();
     // The base class is not asked: it would reset the press state and repeat the click.

@@ -18,7 +18,7 @@ QString current_language(const QString& key)
 {
     // A stored choice wins whatever it holds: a hand-edited code without a
     // catalogue simply leaves the program in English.
-    const QString stored = QSettings().value(key, QVariant()).toString();
+    QString stored = QSettings().value(key, QVariant()).toString();
     if (!stored.isEmpty()) {
         return stored;
     }

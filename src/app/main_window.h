@@ -23,8 +23,8 @@ class MainWindow : public orn::main_window
 public:
     explicit MainWindow(QWidget* parent);
 
-public slots:
-    void on_button_convert_clicked();
+    // The conversion run: asks for presets, converts them and writes the styles.
+    Q_SLOT void on_button_convert_clicked();
 
 private:
     void make_central_widget();

@@ -9,5 +9,6 @@ QString setting_key::read(const QSettings& settings) const
 
 const setting_key input_dir_key{QStringLiteral("input_dir"),
                                 QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)};
-const setting_key output_dir_key{QStringLiteral("output_dir"),
-                                 QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)};
+const setting_key output_dir_key{
+    QStringLiteral("output_dir"),
+    QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)};

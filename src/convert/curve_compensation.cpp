@@ -20,7 +20,9 @@ constexpr int search_steps[] = {0, 1, -1, 2, -2, 3, -3, 4, -4};
 
 QPointF as_fractions(const QPoint& point)
 {
-    return QPointF(float(point.x()) / 255.0f, float(point.y()) / 255.0f);
+    // Divided in single precision, then held as Qt's double coordinates.
+    return QPointF(static_cast<qreal>(float(point.x()) / 255.0f),
+                   static_cast<qreal>(float(point.y()) / 255.0f));
 }
 
 double cut_to_levels(double value)

@@ -73,7 +73,7 @@ std::int32_t rgb_to_hue_fixed(const rgb_levels& colour)
     if (r >= g && r >= b) {
         // With blue at or above green the hue lies between magenta and red, so it is
         // counted back from a full turn.
-        hue = g > b ? sector * (g - b) / (r - b) : sector * (g - b) / (r - g) + turn;
+        hue = sector * (g - b) / (r - low) + (g > b ? 0 : turn);
     } else if (g >= b) {
         hue = sector * (b - r) / (g - low) + 2 * sector;
     } else {

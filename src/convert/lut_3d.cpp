@@ -135,7 +135,7 @@ void load_3dl(lut_3d& table, QIODevice& device, const QString& path)
     const double divisor = maximum - minimum + 1.0;
     for (lut_entry& entry : table.entries) {
         for (int channel = 0; channel < 3; ++channel) {
-            const double value = entry[channel] / divisor - minimum;
+            const double value = static_cast<double>(entry[channel]) / divisor - minimum;
             entry[channel] = static_cast<float>(std::clamp(value, minimum, maximum));
         }
     }
@@ -170,10 +170,11 @@ cell_position cell_of(int level, int n)
 // Weights of the form 1 - f are taken in double, each sum is rounded to float.
 lut_entry blend(const lut_entry& low, const lut_entry& high, float fraction)
 {
+    const auto f = static_cast<double>(fraction);
     lut_entry result;
     for (std::size_t channel = 0; channel < result.size(); ++channel) {
-        result[channel] =
-            static_cast<float>(low[channel] * (1.0 - fraction) + high[channel] * fraction);
+        result[channel] = static_cast<float>(static_cast<double>(low[channel]) * (1.0 - f) +
+                                             static_cast<double>(high[channel]) * f);
     }
     return result;
 }

@@ -1,9 +1,11 @@
 #include "converter/batch_conversion.h"
 
 #include "converter/console_report.h"
+#include "converter/converter_log.h"
+#include "converter/preset_contents.h"
+#include "converter/preset_intake.h"
 #include "convert/lut_set.h"
 #include "output/stylepack.h"
-#include "preset/preset_file.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,6 +43,7 @@ batch_summary batch_conversion::run(const QStringList& files)
         report_.progress(i + 1, files.size());
     }
     report_.finish_progress();
+    summary.read_as_lua = read_as_lua_;
 
     if (packing_ && !stylepack_documents_.isEmpty() && !write_archive()) {
         // Nothing of the converted presets reached the disk.
@@ -52,37 +55,71 @@ batch_summary batch_conversion::run(const QStringList& files)
 
 batch_conversion::outcome batch_conversion::convert_one(const QString& path)
 {
-    QFile probe(path);
-    if (!probe.open(QIODevice::ReadOnly)) {
-        report_.error(path, QStringLiteral("can't be read: ") + probe.errorString());
-        return outcome::failed;
-    }
-    probe.close();
-
+    const log_file_scope log_scope(path);
     preset_settings preset;
-    const preset_read_result read = read_preset_file(path, preset);
-    if (read.status == preset_read_status::unsupported_format) {
+    const preset_intake intake = take_in_preset(path, options_.strict, preset);
+    switch (intake.status) {
+    case intake_status::read:
+        break;
+    case intake_status::read_as_lua:
+        ++read_as_lua_;
+        report_.warning(path, QStringLiteral("read as Lua, which the window would refuse: ") +
+                                  intake.reason);
+        break;
+    case intake_status::unreadable:
+        report_.error(path, QStringLiteral("can't be read: ") + intake.reason);
+        return outcome::failed;
+    case intake_status::unsupported_format:
         report_.error(path, QStringLiteral("unsupported preset format (only .lrtemplate and .xmp "
                                            "presets can be converted)"));
         return outcome::failed;
-    }
-    if (read.status == preset_read_status::failed) {
-        report_.error(path, QStringLiteral("can't be read as a preset: ") + read.error);
+    case intake_status::failed:
+        report_.error(path, QStringLiteral("can't be read as a preset: ") + intake.reason);
+        return outcome::failed;
+    case intake_status::not_a_preset:
+        report_.error(path, QStringLiteral("not a develop preset: ") + intake.reason);
         return outcome::failed;
     }
     qDebug() << preset.settings;
 
     const lut_set luts;
-    if (skipped_for_warnings(path, preset, luts)) {
-        return outcome::skipped;
-    }
-
     QString document;
     if (!luts.convert_preset(preset, &document, options_.colour_space)) {
         report_.error(path, QStringLiteral("the preset could not be converted"));
         return outcome::failed;
     }
+    if (skipped_as_empty(path, preset, document, intake.has_develop_attributes, luts) ||
+        skipped_for_warnings(path, preset, luts)) {
+        return outcome::skipped;
+    }
     return deliver(path, document) ? outcome::converted : outcome::failed;
+}
+
+bool batch_conversion::skipped_as_empty(const QString& file, const preset_settings& preset,
+                                        const QString& document, bool has_develop_attributes,
+                                        const lut_set& luts)
+{
+    if (empty_style_body_.isNull()) {
+        QString empty_style;
+        luts.convert_preset(preset_settings(), &empty_style, options_.colour_space);
+        empty_style_body_ = style_body(empty_style);
+    }
+    if (style_body(document) != empty_style_body_) {
+        return false;
+    }
+    QFile bytes(file);
+    const QString held =
+        unmapped_settings(preset, bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray());
+    QString reason;
+    if (!has_develop_attributes) {
+        reason = QStringLiteral("a photo's metadata without develop settings");
+    } else if (held.isEmpty()) {
+        reason = QStringLiteral("it holds no develop settings");
+    } else {
+        reason = QStringLiteral("nothing in it maps to a style (it holds only %1)").arg(held);
+    }
+    report_.warning(file, QStringLiteral("skipped: ") + reason);
+    return true;
 }
 
 // The window asks about these three kinds before converting; here the --skip
@@ -171,8 +208,11 @@ bool batch_conversion::save_separate(const QString& file, const QString& target_
 
 bool batch_conversion::write_archive()
 {
-    if (!write_stylepack_utf8(options_.pack_path, options_.format, stylepack_documents_)) {
-        report_.error(options_.pack_path, QStringLiteral("the archive could not be written"));
+    const log_file_scope log_scope(options_.pack_path);
+    QString reason;
+    if (!write_stylepack_utf8(options_.pack_path, options_.format, stylepack_documents_, &reason)) {
+        report_.error(options_.pack_path,
+                      QStringLiteral("the archive could not be written: ") + reason);
         return false;
     }
     qInfo("Wrote '%s'", qUtf8Printable(options_.pack_path));

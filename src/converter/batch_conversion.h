@@ -16,12 +16,16 @@ struct batch_summary
     int converted = 0;
     int skipped = 0;
     int failed = 0;
+    // Templates that the window's reader refused and the Lua reader read.
+    int read_as_lua = 0;
 };
 
 // Converts a list of preset files the way the window's run does (reader by
 // suffix, inspection, conversion, delivery), with the window's questions answered
 // by the options, and reports every failure instead of staying silent. A failed
-// file never ends the batch.
+// file never ends the batch. Unlike the window it reads templates that the
+// window's reader refuses as Lua (not with --strict), refuses files that are no
+// develop preset, and skips presets of which nothing reaches a style.
 class batch_conversion
 {
 public:
@@ -40,6 +44,10 @@ private:
     };
 
     outcome convert_one(const QString& path);
+    // True when the preset's style would hold nothing of the preset; says so.
+    bool skipped_as_empty(const QString& file, const preset_settings& preset,
+                          const QString& document, bool has_develop_attributes,
+                          const lut_set& luts);
     bool skipped_for_warnings(const QString& file, const preset_settings& preset,
                               const lut_set& luts);
     bool deliver(const QString& path, const QString& document);
@@ -50,6 +58,9 @@ private:
     const converter_options& options_;
     console_report& report_;
     bool packing_ = false;
+    int read_as_lua_ = 0;
+    // The style of an empty preset without Name and UUID; made when first needed.
+    QString empty_style_body_;
     // Target name to the document (UTF-8) that waits for the archive, in entry order.
     QMap<QString, QByteArray> stylepack_documents_;
     // Target name to the preset that last produced it, to tell about collisions.

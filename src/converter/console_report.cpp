@@ -1,14 +1,18 @@
 #include "converter/console_report.h"
 
+#include "converter/terminal_text.h"
+
 #include <cstdio>
 
 namespace {
 
 constexpr int bar_width = 30;
 
-void write_line(const char* kind, const QString& text)
+void write_line(const char* kind, const QString& file, const QString& text)
 {
-    std::fprintf(stderr, "lookwright-convert: %s%s\n", kind, qUtf8Printable(text));
+    const QString about = file.isEmpty() ? QString() : file + QStringLiteral(": ");
+    std::fprintf(stderr, "lookwright-convert: %s: %s\n", kind,
+                 qUtf8Printable(terminal_safe(about + text)));
 }
 
 } // namespace
@@ -20,7 +24,7 @@ console_report::console_report(bool show_progress, bool quiet)
 void console_report::error(const QString& file, const QString& reason)
 {
     clear_bar();
-    write_line("error: ", file + QStringLiteral(": ") + reason);
+    write_line("error", file, reason);
 }
 
 void console_report::warning(const QString& file, const QString& reason)
@@ -29,13 +33,13 @@ void console_report::warning(const QString& file, const QString& reason)
         return;
     }
     clear_bar();
-    write_line("warning: ", file + QStringLiteral(": ") + reason);
+    write_line("warning", file, reason);
 }
 
-void console_report::log_line(const QString& line)
+void console_report::log_line(const char* kind, const QString& file, const QString& text)
 {
     clear_bar();
-    std::fprintf(stderr, "%s\n", qUtf8Printable(line));
+    write_line(kind, file, text);
 }
 
 void console_report::progress(int done, int total)

@@ -3,8 +3,10 @@
 #include <QString>
 
 // The converter's voice on the terminal. Messages go to standard error, one line
-// each; on a terminal a progress bar may stand on the last line, and every message
-// first clears it, so bar and messages never mix. A quiet report says errors only.
+// each, "lookwright-convert: <kind>: <file>: <text>"; on a terminal a progress bar
+// may stand on the last line, and every message first clears it, so bar and
+// messages never mix. A quiet report says errors only. Whatever a message holds of
+// a file's name or contents is shown escaped (terminal_text.h).
 class console_report
 {
 public:
@@ -12,8 +14,9 @@ public:
 
     void error(const QString& file, const QString& reason);
     void warning(const QString& file, const QString& reason);
-    // A log line, already formatted.
-    void log_line(const QString& line);
+    // A line of the core's log, of the kind "debug", "info", "warning", ..., about
+    // `file` (none when empty).
+    void log_line(const char* kind, const QString& file, const QString& text);
 
     void progress(int done, int total);
     void finish_progress();

@@ -45,6 +45,9 @@ parse_result parse_converter_options(const QStringList& arguments,
     const QCommandLineOption skip_calibration(
         QStringLiteral("skip-calibration"),
         QStringLiteral("Skip presets that modify the camera calibration."));
+    const QCommandLineOption strict(
+        QStringLiteral("strict"),
+        QStringLiteral("Read templates as the window does, with no second try as Lua."));
     const QCommandLineOption quiet({QStringLiteral("q"), QStringLiteral("quiet")},
                                    QStringLiteral("Errors only."));
     const QCommandLineOption verbose({QStringLiteral("v"), QStringLiteral("verbose")},
@@ -54,7 +57,7 @@ parse_result parse_converter_options(const QStringList& arguments,
     const QCommandLineOption version(QStringLiteral("version"),
                                      QStringLiteral("Show the version."));
     parser.addOptions({output, colour_space, format, pack, skip_white_balance, skip_unsupported,
-                       skip_calibration, quiet, verbose, help, version});
+                       skip_calibration, strict, quiet, verbose, help, version});
     parser.addPositionalArgument(QStringLiteral("PRESET|FOLDER"),
                                  QStringLiteral("Presets, or folders searched for presets."),
                                  QStringLiteral("PRESET|FOLDER..."));
@@ -110,5 +113,6 @@ parse_result parse_converter_options(const QStringList& arguments,
     options.skip_white_balance = parser.isSet(skip_white_balance);
     options.skip_unsupported = parser.isSet(skip_unsupported);
     options.skip_calibration = parser.isSet(skip_calibration);
+    options.strict = parser.isSet(strict);
     return {};
 }

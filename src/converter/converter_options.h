@@ -21,6 +21,8 @@ struct converter_options
     bool skip_white_balance = false;
     bool skip_unsupported = false;
     bool skip_calibration = false;
+    // Templates are read by the window's reader alone, with no second try as Lua.
+    bool strict = false;
     verbosity level = verbosity::normal;
 };
 

@@ -73,7 +73,7 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setApplicationName(QStringLiteral("Lookwright"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(LOOKWRIGHT_VERSION));
 
     converter_options options;
     const parse_result parsed =
@@ -112,14 +112,20 @@ int main(int argc, char** argv)
         summary.converted = converted.converted;
         summary.skipped = converted.skipped;
         summary.failed += converted.failed;
+        summary.read_as_lua = converted.read_as_lua;
     } else {
         summary.failed += inputs.files.size();
     }
     install_converter_log(nullptr, options.level);
 
     if (!quiet) {
-        std::printf("%d converted, %d skipped, %d failed\n", summary.converted, summary.skipped,
+        std::printf("%d converted, %d skipped, %d failed", summary.converted, summary.skipped,
                     summary.failed);
+        if (summary.read_as_lua > 0) {
+            std::printf(" (%d %s read as Lua)", summary.read_as_lua,
+                        summary.read_as_lua == 1 ? "template" : "templates");
+        }
+        std::printf("\n");
     }
     return summary.failed > 0 ? 1 : 0;
 }

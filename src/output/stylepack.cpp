@@ -32,8 +32,13 @@ bool write_stylepack(const QString& path, const QString& format,
 // libzip's buffer sources don't copy and read only when the archive is closed, so
 // every entry's bytes, held by `entry_data`, must stay alive until zip_close.
 bool write_stylepack_utf8(const QString& path, const QString& format,
-                          const QMap<QString, QByteArray>& entry_data)
+                          const QMap<QString, QByteArray>& entry_data, QString* failure_reason)
 {
+    const auto note_failure = [failure_reason](const QByteArray& reason) {
+        if (failure_reason != nullptr && failure_reason->isEmpty()) {
+            *failure_reason = QString::fromUtf8(reason);
+        }
+    };
     const QString entry_prefix = format == QLatin1String("stylepack_category")
                                      ? QFileInfo(path).completeBaseName() + QLatin1Char('/')
                                      : QString();
@@ -42,6 +47,7 @@ bool write_stylepack_utf8(const QString& path, const QString& format,
     zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, &error_code);
     if (archive == nullptr || error_code != 0) {
         qWarning("libzip zip_open error %d: %s", error_code, zip_code_text(error_code).constData());
+        note_failure(zip_code_text(error_code));
         error_code = 0;
     }
     bool complete = archive != nullptr;
@@ -54,6 +60,7 @@ bool write_stylepack_utf8(const QString& path, const QString& format,
         zip_source_t* source = zip_source_buffer_create(
             data.constData(), static_cast<zip_uint64_t>(data.size()), 0, nullptr);
         if (source == nullptr) {
+            note_failure("out of memory for an entry");
             complete = false;
             continue;
         }
@@ -65,6 +72,7 @@ bool write_stylepack_utf8(const QString& path, const QString& format,
         }
         if (zip_file_add(archive, entry_name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {
             qWarning("libzip zip_file_add error: %s", zip_strerror(archive));
+            note_failure(zip_strerror(archive));
             zip_source_free(source);
             complete = false;
         }
@@ -75,6 +83,8 @@ bool write_stylepack_utf8(const QString& path, const QString& format,
         if (close_result != 0) {
             qWarning("libzip zip_close error %d: %s", close_result,
                      zip_code_text(close_result).constData());
+            // The code says nothing; the archive's error holds the reason.
+            note_failure(zip_strerror(archive));
             // A failed close leaves the archive open; let go of it without writing.
             zip_discard(archive);
             complete = false;

@@ -15,6 +15,9 @@ bool write_stylepack(const QString& path, const QString& format,
                      const QMap<QString, QString>& stylepack_documents);
 
 // The same for documents already encoded as UTF-8. A batch of thousands of styles
-// keeps them in this form, at half the memory of text.
+// keeps them in this form, at half the memory of text. Where the archive fails,
+// `failure_reason`, when given, receives libzip's own word for the first failure;
+// the log lines keep the form they have in the window.
 bool write_stylepack_utf8(const QString& path, const QString& format,
-                          const QMap<QString, QByteArray>& entry_data);
+                          const QMap<QString, QByteArray>& entry_data,
+                          QString* failure_reason = nullptr);

@@ -96,9 +96,7 @@ void read_description_children(QXmlStreamReader& reader, preset_settings& out)
         } else if (name == QLatin1String("Description")) {
             out.description = read_alt_text(reader);
             qDebug() << "Description ->" << out.description;
-        } else if (name == QLatin1String("ToneCurvePV2012")) {
-            read_curve(reader, out.tone_curve, "ToneCurvePV2012 -> ");
-        } else if (name == QLatin1String("ToneCurve")) {
+        } else if (name == QLatin1String("ToneCurvePV2012") || name == QLatin1String("ToneCurve")) {
             // The old master curve shares the member, and the log text, with the new one.
             read_curve(reader, out.tone_curve, "ToneCurvePV2012 -> ");
         } else if (name == QLatin1String("ToneCurvePV2012Red")) {

@@ -231,18 +231,24 @@ void tst_dialog_settings::the_question_quits_on_quit_now()
     QEventLoop loop;
     bool quit = false;
     bool loop_ended = false;
-    QTimer::singleShot(0, &loop, [&] {
+    QTimer start;
+    start.setSingleShot(true);
+    connect(&start, &QTimer::timeout, &loop, [&] {
         quit = confirm_language_change(nullptr, "en");
         loop_ended = !loop.isRunning();
         loop.exit();
     });
+    start.start(0);
     loop.exec();
     QCOMPARE(loop_ended, quits);
     QCOMPARE(quit, quits);
     if (quits) {
         // An application told to quit lets no event loop of this thread start again
         // until its own has run; run it once, so that later tests get their dialogs.
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QTimer stop;
+        stop.setSingleShot(true);
+        connect(&stop, &QTimer::timeout, qApp, &QCoreApplication::quit);
+        stop.start(0);
         QCoreApplication::exec();
     }
 

@@ -30,9 +30,6 @@ private slots:
     void only_the_width_changes();
     void folder_label_is_bold_free_sans();
     void about_box_leads_to_the_libraries();
-
-private:
-    static orn::button_dark* button_with_tip(const MainWindow& window, const QString& tip);
 };
 
 namespace {
@@ -45,9 +42,7 @@ QString pictures_folder()
     return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
-} // namespace
-
-orn::button_dark* tst_main_window::button_with_tip(const MainWindow& window, const QString& tip)
+orn::button_dark* button_with_tip(const MainWindow& window, const QString& tip)
 {
     for (auto* button : window.findChildren<orn::button_dark*>()) {
         if (button->toolTip() == tip) {
@@ -56,6 +51,8 @@ orn::button_dark* tst_main_window::button_with_tip(const MainWindow& window, con
     }
     return nullptr;
 }
+
+} // namespace
 
 void tst_main_window::initTestCase()
 {
@@ -82,14 +79,17 @@ void tst_main_window::first_start_shows_the_pictures_folder()
 
 void tst_main_window::folder_chooser_data()
 {
-    QTest::addColumn<QString>("stored");    // relative to a scratch folder; empty: nothing stored
-    QTest::addColumn<QString>("chosen");    // likewise; empty: the dialog is cancelled
-    QTest::addColumn<QString>("expected");  // the line and the setting afterwards
+    QTest::addColumn<QString>("stored");   // relative to a scratch folder; empty: nothing stored
+    QTest::addColumn<QString>("chosen");   // likewise; empty: the dialog is cancelled
+    QTest::addColumn<QString>("expected"); // the line and the setting afterwards
 
-    QTest::newRow("cancelled on a first start") << "" << "" << "";
-    QTest::newRow("cancelled with a folder stored") << "earlier" << "" << "earlier";
-    QTest::newRow("chosen on a first start") << "" << "styles" << "styles";
-    QTest::newRow("chosen over a stored folder") << "earlier" << "styles" << "styles";
+    const QString none;
+    const QString earlier = "earlier";
+    const QString styles = "styles";
+    QTest::newRow("cancelled on a first start") << none << none << none;
+    QTest::newRow("cancelled with a folder stored") << earlier << none << earlier;
+    QTest::newRow("chosen on a first start") << none << styles << styles;
+    QTest::newRow("chosen over a stored folder") << earlier << styles << styles;
 }
 
 void tst_main_window::folder_chooser()
@@ -165,7 +165,9 @@ void tst_main_window::folder_label_is_bold_free_sans()
             label = candidate;
         }
     }
-    QVERIFY(label != nullptr);
+    if (label == nullptr) {
+        QFAIL("no label reads \"Output Folder\"");
+    }
     const QFontInfo shown(label->font());
     QCOMPARE(shown.family(), QString("FreeSans"));
     QVERIFY(shown.bold());
@@ -179,6 +181,13 @@ void tst_main_window::about_box_leads_to_the_libraries()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
+    // The link opens a modal dialog of its own, which the next answer can meet only
+    // once this one has returned: the link is pressed from the event loop.
+    QPointer<orn::clickable_label> link;
+    QTimer press_link;
+    press_link.setSingleShot(true);
+    connect(&press_link, &QTimer::timeout, [&link] { QTest::mouseClick(link, Qt::LeftButton); });
+
     modal_answerer answers;
     QWidget* about_parent = nullptr;
     Qt::WindowModality modality = Qt::NonModal;
@@ -187,10 +196,8 @@ void tst_main_window::about_box_leads_to_the_libraries()
         about_parent = dialog->parentWidget();
         modality = dialog->windowModality();
         about_centre = dialog->geometry().center();
-        // The link opens a modal dialog of its own, which the next answer meets
-        // once this one has returned.
-        auto* link = dialog->findChild<orn::clickable_label*>();
-        QTimer::singleShot(0, link, [link] { QTest::mouseClick(link, Qt::LeftButton); });
+        link = dialog->findChild<orn::clickable_label*>();
+        press_link.start(0);
     });
     answers.expect(modal_answerer::close());
     answers.expect(modal_answerer::close());

@@ -166,11 +166,11 @@ void tst_curve_operations::curve_to_text_form()
     QFETCH(QString, curve);
     QFETCH(QString, expected);
     QFETCH(QStringList, warnings);
-    style_values values;
+    style_values style;
     const test_support::log_capture log;
-    curve_to_text(values, QStringLiteral("GradationCurveRed"), points_from(curve));
-    QCOMPARE(values.value(QStringLiteral("GradationCurveRed")), expected);
-    QCOMPARE(values.contains(QStringLiteral("GradationCurveRed")), !expected.isNull());
+    curve_to_text(style, QStringLiteral("GradationCurveRed"), points_from(curve));
+    QCOMPARE(style.value(QStringLiteral("GradationCurveRed")), expected);
+    QCOMPARE(style.contains(QStringLiteral("GradationCurveRed")), !expected.isNull());
     QCOMPARE(log.messages(QtWarningMsg), warnings);
 }
 

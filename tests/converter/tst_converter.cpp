@@ -18,6 +18,22 @@ const QByteArray braced_template = "s = {\n"
 
 const QByteArray broken_template = "s = {\n\ttitle = \"Broken\"\n\tvalue = 1,\n}\n";
 
+// Real Lua that the window's reader refuses: a localised title, an escape, a comment.
+const QByteArray lua_template = "s = {\n"
+                                "\ttitle = ZSTR \"$$$/Templates/Zerod=Zero'd\",\n"
+                                "\tinternalName = \"\\\"Mild\\\" Curve\",\n"
+                                "\ttype = \"Develop\",\n"
+                                "\tvalue = { settings = { -- credit\n"
+                                "\t\tExposure2012 = 0.5; ToneCurvePV2012 = {0, 0, 255, 250} } },\n"
+                                "}\n";
+
+// A develop template holding `settings` and nothing else.
+QByteArray develop_template(const QByteArray& settings)
+{
+    return "s = {\n\ttitle = \"T\",\n\ttype = \"Develop\",\n\tvalue = {\n\t\tsettings = {\n" +
+           settings + "\n\t\t},\n\t},\n}\n";
+}
+
 QByteArray xmp_preset(const QByteArray& name, const QByteArray& attributes = QByteArray())
 {
     return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
@@ -107,6 +123,10 @@ private slots:
     void archive_path_that_cannot_be_created();
     void warnings_and_skips_data();
     void warnings_and_skips();
+    void one_file_data();
+    void one_file();
+    void control_characters_never_reach_the_terminal();
+    void archive_failure_says_why();
     void usage_errors_data();
     void usage_errors();
     void colour_space_from_saved_setting();
@@ -184,11 +204,10 @@ void tst_converter::failures_are_reported_and_the_batch_goes_on()
         run({QStringLiteral("-o"), QStringLiteral("out"), broken, text, good});
     QCOMPARE(result.exit_code, 1);
     QCOMPARE(result.out, QStringLiteral("1 converted, 0 skipped, 2 failed\n"));
-    QVERIFY2(
-        result.err.contains(broken + QStringLiteral(": can't be read as a preset: Unexpected "
-                                                    "token type found. Expected "
-                                                    "token_type::comma, got token_type::name")),
-        qPrintable(result.err));
+    QVERIFY2(result.err.contains(broken + QStringLiteral(": can't be read as a preset: line 3: '}' "
+                                                         "expected (to close '{' at line 1) near "
+                                                         "'value'")),
+             qPrintable(result.err));
     QVERIFY2(result.err.contains(text + QStringLiteral(": unsupported preset format")),
              qPrintable(result.err));
     QVERIFY(QFileInfo::exists(dir_->filePath(QStringLiteral("out/Good.costyle"))));
@@ -388,6 +407,149 @@ void tst_converter::warnings_and_skips()
     QVERIFY2(result.err.contains(preset + QStringLiteral(": ") + message), qPrintable(result.err));
 }
 
+void tst_converter::one_file_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("summary");
+    // A line the converter writes to standard error, %1 standing for the file's path.
+    QTest::addColumn<QString>("line");
+    // An entry of the style written, "K=V"; empty where none is written.
+    QTest::addColumn<QString>("style");
+
+    const QString converted = QStringLiteral("1 converted, 0 skipped, 0 failed\n");
+    const QString skipped = QStringLiteral("0 converted, 1 skipped, 0 failed\n");
+    const QString failed = QStringLiteral("0 converted, 0 skipped, 1 failed\n");
+    const QStringList none;
+    QByteArray random_bytes(3000, '\0');
+    for (int i = 0; i < random_bytes.size(); ++i) {
+        random_bytes[i] = char(i * 7919 % 251);
+    }
+    // clang-format off
+    QTest::newRow("Lua template read with a warning") << "Zerod.lrtemplate" << lua_template << none
+        << "1 converted, 0 skipped, 0 failed (1 template read as Lua)\n"
+        << "warning: %1: read as Lua, which the window would refuse: Unexpected token type found. Expected token_type::comma, got token_type::str"
+        << "Name=Zero'd";
+    QTest::newRow("--strict: the window's reader alone") << "Zerod.lrtemplate" << lua_template << QStringList{"--strict"} << failed
+        << "error: %1: can't be read as a preset: Unexpected token type found. Expected token_type::comma, got token_type::str" << "";
+    QTest::newRow("bad Lua names its line") << "Open.lrtemplate" << develop_template("a = 1,\nb = \"open,\n") << none << failed
+        << "error: %1: can't be read as a preset: line 7: unfinished string" << "";
+    QTest::newRow("unbalanced braces name their line") << "Open.lrtemplate" << QByteArray("s = {\n a = { 1\n}\n") << none << failed
+        << "error: %1: can't be read as a preset: line 4: '}' expected (to close '{' at line 1) near end of file" << "";
+
+    QTest::newRow("random bytes as XMP") << "junk.xmp" << random_bytes << none << failed
+        << "error: %1: not a develop preset: no xmpmeta element where an XMP preset has one" << "";
+    QTest::newRow("HTML page as XMP") << "page.xmp" << QByteArray("<!DOCTYPE html>\n<html><body><p>Presets</p></body></html>\n") << none << failed
+        << "error: %1: not a develop preset: no xmpmeta element where an XMP preset has one" << "";
+    QTest::newRow("XMP without RDF") << "bare.xmp" << QByteArray("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><x:other/></x:xmpmeta>") << none << failed
+        << "error: %1: not a develop preset: no RDF element where an XMP preset has one" << "";
+    QTest::newRow("empty XMP") << "empty.xmp" << QByteArray() << none << failed << "error: %1: not a develop preset: the file is empty" << "";
+    QTest::newRow("blank template") << "blank.lrtemplate" << QByteArray(" \n\t\r\n") << none << failed
+        << "error: %1: not a develop preset: the file holds only white space" << "";
+    QTest::newRow("keyword-set template") << "Travel.lrtemplate"
+        << QByteArray("s = {\n\ttitle = \"Travel\",\n\ttype = \"KeywordSet\",\n\tvalue = { \"beach\", \"city\" },\n}\n") << none << failed
+        << "error: %1: not a develop preset: a template of type \"KeywordSet\"" << "";
+    QTest::newRow("print template in the line form") << "Contact.lrtemplate"
+        << QByteArray("s.value.settings = {}\n  s.title = \"Contact\"\n  s.type = \"Print\"\n") << none << failed
+        << "error: %1: not a develop preset: a template of type \"Print\"" << "";
+
+    QTest::newRow("only a lens vignette") << "Vignette.lrtemplate" << develop_template("VignetteAmount = -30, VignetteMidpoint = 50,") << none << skipped
+        << "warning: %1: skipped: nothing in it maps to a style (it holds only a lens vignette)" << "";
+    QTest::newRow("only the white-balance mode") << "Shot.lrtemplate" << develop_template("WhiteBalance = \"As Shot\", ProcessVersion = \"6.7\",") << none << skipped
+        << "warning: %1: skipped: nothing in it maps to a style (it holds only the white-balance mode)" << "";
+    QTest::newRow("only lens corrections and an unknown key") << "Lens.lrtemplate"
+        << develop_template("LensProfileEnable = 1, PerspectiveVertical = 5, AutoLateralCA = 1, orientation = \"AB\",") << none << skipped
+        << "warning: %1: skipped: nothing in it maps to a style (it holds only lens corrections and orientation)" << "";
+    QTest::newRow("only local corrections") << "Local.lrtemplate"
+        << develop_template("GradientBasedCorrections = {\n{\nCorrectionAmount = 1,\n},\n},") << none << skipped
+        << "warning: %1: skipped: nothing in it maps to a style (it holds only local corrections)" << "";
+    QTest::newRow("no settings at all") << "Bare.lrtemplate" << develop_template("") << none << skipped
+        << "warning: %1: skipped: it holds no develop settings" << "";
+    QTest::newRow("a photo's metadata") << "IMG_0001.xmp"
+        << xmp_preset("").replace("crs:Exposure2012=\"+0.50\"", "xmlns:tiff=\"http://ns.adobe.com/tiff/1.0/\" tiff:Make=\"Maker\"")
+        << none << skipped << "warning: %1: skipped: a photo's metadata without develop settings" << "";
+    QTest::newRow("a photo's sidecar with develop settings") << "IMG_0002.xmp"
+        << xmp_preset("", "xmlns:tiff=\"http://ns.adobe.com/tiff/1.0/\" tiff:Make=\"Maker\"") << none << converted
+        << "" << "Exposure=0.571429";
+    QTest::newRow("an open quote early in a long template") << "Quote.lrtemplate"
+        << "s = {\n\ttitle = \"Open,\n" + QByteArray("\tExposure2012 = 0.5,\n").repeated(500) + "}\n" << none << failed
+        << "error: %1: can't be read as a preset: line 2: unfinished string" << "";
+    const QByteArray cut = xmp_preset("Cut");
+    QTest::newRow("the core's log line names its file") << "Cut.xmp" << cut.left(cut.indexOf("<crs:Name>") + 14) << none << converted
+        << "warning: %1: Premature end of document." << "Exposure=0.571429";
+    // clang-format on
+}
+
+void tst_converter::one_file()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, contents);
+    QFETCH(QStringList, options);
+    QFETCH(QString, summary);
+    QFETCH(QString, line);
+    QFETCH(QString, style);
+
+    const QString path = input(name, contents);
+    const run_result result =
+        run(options + QStringList{QStringLiteral("-o"), QStringLiteral("out"), path});
+    QCOMPARE(result.out, summary);
+    QCOMPARE(result.exit_code, summary.contains(QLatin1String(" 1 failed")) ? 1 : 0);
+    for (const QString& error_line : result.err.split(QLatin1Char('\n'))) {
+        QVERIFY2(error_line.size() < 1200, qPrintable(error_line.left(200)));
+    }
+    QVERIFY2(result.err.split(QLatin1Char('\n'))
+                     .contains(QStringLiteral("lookwright-convert: ") + line.arg(path)) ||
+                 line.isEmpty(),
+             qPrintable(result.err));
+    const QStringList written = QDir(dir_->filePath(QStringLiteral("out"))).entryList(QDir::Files);
+    QCOMPARE(written.size(), style.isEmpty() ? 0 : 1);
+    if (!style.isEmpty()) {
+        QVERIFY(test_support::document_entries(QString::fromUtf8(read_all(dir_->filePath(
+                                                   QStringLiteral("out/") + written[0]))))
+                    .contains(style));
+    }
+}
+
+void tst_converter::control_characters_never_reach_the_terminal()
+{
+    // An ESC in a broken template's title reaches the reader's log line, and one in
+    // a file name every message about the file.
+    const QString title = input(QStringLiteral("Title.lrtemplate"),
+                                "s = {\n\ttitle = \"Red \x1b[31mtitle\"\n\tvalue = 1,\n}\n");
+    const QString name = input(QStringLiteral("Name\x1b]0;x\x07.xmp"), QByteArray());
+    const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), title, name});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY2(!result.err.contains(QLatin1Char('\x1b')) && !result.err.contains(QLatin1Char('\x07')),
+             qPrintable(result.err));
+    QVERIFY2(result.err.contains(QStringLiteral("Red \\x1b[31mtitle")), qPrintable(result.err));
+    QVERIFY2(result.err.contains(QStringLiteral("Name\\x1b]0;x\\x07.xmp: not a develop preset")),
+             qPrintable(result.err));
+}
+
+void tst_converter::archive_failure_says_why()
+{
+    const QString disk = dir_->filePath(QStringLiteral("disk"));
+    const scoped_mount mount(disk, QStringLiteral("size=16k"));
+    if (!mount.mounted()) {
+        QSKIP("mounting a small tmpfs needs privileges this run doesn't have");
+    }
+    // The folder takes a file, but not the archive's data.
+    QFile filler(disk + QStringLiteral("/filler"));
+    QVERIFY(filler.open(QIODevice::WriteOnly));
+    while (filler.write(QByteArray(1024, 'x')) == 1024 && filler.flush()) {
+    }
+    filler.close();
+    const QString pack = disk + QStringLiteral("/x.costylepack");
+    const run_result result =
+        run({QStringLiteral("-f"), QStringLiteral("stylepack"), QStringLiteral("-p"), pack,
+             input(QStringLiteral("Warm.lrtemplate"), braced_template)});
+    QCOMPARE(result.exit_code, 1);
+    QVERIFY2(result.err.contains(pack + QStringLiteral(": the archive could not be written: ")) &&
+                 result.err.contains(QStringLiteral("No space left on device")),
+             qPrintable(result.err));
+}
+
 void tst_converter::usage_errors_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -460,8 +622,9 @@ void tst_converter::quiet_and_verbose()
     QVERIFY(quiet.err.contains(QStringLiteral("error: ") + broken));
     const run_result verbose =
         run({QStringLiteral("-v"), QStringLiteral("-o"), QStringLiteral("out"), preset});
-    QVERIFY(verbose.err.contains(QStringLiteral("Debug: ")));
-    QVERIFY(verbose.err.contains(QStringLiteral("Info: ")));
+    QVERIFY(verbose.err.contains(QStringLiteral("lookwright-convert: debug: ") + preset));
+    QVERIFY(verbose.err.contains(QStringLiteral("lookwright-convert: info: ") + preset +
+                                 QStringLiteral(": Wrote '")));
 }
 
 QTEST_GUILESS_MAIN(tst_converter)

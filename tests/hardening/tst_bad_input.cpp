@@ -3,6 +3,8 @@
 // may crash or hang; the outcome is the one the readers and stages define.
 
 #include "convert/lut_set.h"
+#include "preset/lua_lexer.h"
+#include "preset/lua_template_reader.h"
 #include "preset/preset_file.h"
 #include "support/test_support.h"
 
@@ -244,6 +246,12 @@ void tst_bad_input::files_data()
                       "2147483647,\n255,\n99999,\n},\n")
         << read << ""
         << "";
+    QTest::newRow("tables nested a million deep")
+        << "a.lrtemplate"
+        << QByteArray("t = {\n").repeated(1000000) + "Exposure2012 = 0.5,\n" +
+               QByteArray("},\n").repeated(1000000)
+        << read << ""
+        << "Exposure=0.571429";
     QTest::newRow("curve with one point and descending x")
         << "a.lrtemplate"
         << QByteArray("ToneCurvePV2012 = {\n200,\n10,\n},\nToneCurvePV2012Blue = {\n255,\n0,\n"
@@ -261,6 +269,14 @@ void tst_bad_input::files()
     QFETCH(QString, expected);
 
     const QString path = test_support::write_file(dir_.path(), name, contents);
+    if (name.endsWith(QLatin1String(".lrtemplate"))) {
+        // The converter's second try: a record or its own error, whatever the bytes.
+        preset_settings preset;
+        try {
+            load_lua_template(preset, path);
+        } catch (const lua_syntax_error&) {
+        }
+    }
     for (const bool grayscale : {false, true}) {
         const road_result result = take_road(path, grayscale);
         QCOMPARE(int(result.read.status), status);

@@ -9,33 +9,16 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-modal_answerer::modal_answerer()
-{
-    timer_.setInterval(5);
-    connect(&timer_, &QTimer::timeout, this, &modal_answerer::poll);
-    timer_.start();
-}
+namespace {
 
-void modal_answerer::expect(answer reply)
+modal_answerer::seen_dialog describe(QWidget* dialog)
 {
-    pending_.push_back(std::move(reply));
-}
-
-void modal_answerer::poll()
-{
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr || pending_.empty() || !dialog->isVisible()) {
-        return;
-    }
-    // A box that was answered may still be on the modal stack for a moment.
-    if (dialog == last_answered_) {
-        return;
-    }
-    seen_dialog record;
+    modal_answerer::seen_dialog record;
     record.class_name = QString::fromLatin1(dialog->metaObject()->className());
     record.title = dialog->windowTitle();
     if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
         record.text = box->text();
+        record.icon = box->icon();
         if (auto* buttons = box->findChild<QDialogButtonBox*>()) {
             for (QAbstractButton* button : buttons->buttons()) {
                 record.buttons << button->text();
@@ -45,7 +28,63 @@ void modal_answerer::poll()
             record.default_button = button->text();
         }
     }
-    seen_.push_back(record);
+    if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+        record.directory = files->directory().absolutePath();
+        record.name_filters = files->nameFilters();
+    }
+    return record;
+}
+
+modal_answerer* newest = nullptr;
+
+} // namespace
+
+modal_answerer::modal_answerer() : previous_(newest)
+{
+    newest = this;
+    timer_.setInterval(5);
+    connect(&timer_, &QTimer::timeout, this, &modal_answerer::poll);
+    timer_.start();
+}
+
+modal_answerer::~modal_answerer()
+{
+    if (newest == this) {
+        newest = previous_;
+    }
+}
+
+void modal_answerer::expect(answer reply)
+{
+    pending_.push_back(std::move(reply));
+}
+
+void modal_answerer::poll()
+{
+    if (newest != this) {
+        return;
+    }
+    QWidget* dialog = QApplication::activeModalWidget();
+    // A box that was answered may still be on the modal stack for a moment.
+    if (dialog == nullptr || !dialog->isVisible() || dialog == last_answered_) {
+        return;
+    }
+    if (pending_.empty()) {
+        // A dialog that opens with nothing queued for it would block the test until
+        // its time runs out. It is recorded and sent away, so that the test fails
+        // on what it saw. One answered before may wait for a later answer.
+        if (!met_.contains(dialog)) {
+            qWarning("modal_answerer: no answer queued for '%s'; rejected",
+                     qPrintable(dialog->windowTitle()));
+            seen_.push_back(describe(dialog));
+            met_.append(dialog);
+            last_answered_ = dialog;
+            cancel()(dialog);
+        }
+        return;
+    }
+    seen_.push_back(describe(dialog));
+    met_.append(dialog);
     last_answered_ = dialog;
     answer reply = std::move(pending_.front());
     pending_.pop_front();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -12,7 +13,10 @@
 
 // Answers the real modal dialogs of a slot as they open, the way a user would:
 // each queued answer is given to the next modal widget that appears. The slot
-// under test runs unchanged, with its own message boxes and file dialogs.
+// under test runs unchanged, with its own message boxes and file dialogs. A new
+// dialog that finds no answer queued is recorded in seen() and rejected, so that
+// an unexpected dialog fails a test instead of blocking it. Of two answerers alive
+// at once, the newer one answers.
 //
 //   modal_answerer answers;
 //   answers.expect(modal_answerer::choose_files({path}));
@@ -29,12 +33,16 @@ public:
     {
         QString class_name;
         QString title;
-        QString text;           // a message box's text, empty for other dialogs
-        QStringList buttons;    // button texts in the order the box lays them out
-        QString default_button; // text of the default button, empty if none
+        QString text;             // a message box's text, empty for other dialogs
+        int icon = 0;             // a message box's QMessageBox::Icon
+        QStringList buttons;      // button texts in the order the box lays them out
+        QString default_button;   // text of the default button, empty if none
+        QString directory;        // a file dialog's folder, empty for other dialogs
+        QStringList name_filters; // a file dialog's filters
     };
 
     modal_answerer();
+    ~modal_answerer() override;
 
     void expect(answer reply);
     // True when every queued answer has been given.
@@ -54,7 +62,11 @@ private:
     void poll();
 
     QTimer timer_;
+    // Of several answerers alive at once, only the newest answers.
+    modal_answerer* previous_ = nullptr;
     std::deque<answer> pending_;
     std::vector<seen_dialog> seen_;
     QPointer<QWidget> last_answered_;
+    // Every dialog met so far; one of them may come back for a later answer.
+    QList<QPointer<QWidget>> met_;
 };

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+struct preset_settings;
+
+// How one file of a batch was read, and whether it is a develop preset at all.
+//
+// A template takes the window's reader first; only where that refuses it is the
+// tolerant Lua reader tried (not with `strict`). Files of the preset suffixes that
+// hold no develop preset are told apart here, where the window would convert them
+// into a style of defaults: an empty file, an .xmp whose walk doesn't reach a
+// Description (random bytes, an HTML page), and a template of another type (print,
+// web and keyword-set templates share the format).
+enum class intake_status
+{
+    read,               // a develop preset, as the window reads it
+    read_as_lua,        // a template the window refuses, read by the Lua reader
+    unreadable,         // the file can't be opened
+    unsupported_format, // the suffix selects no reader
+    failed,             // no reader could read it
+    not_a_preset,       // no develop preset at all
+};
+
+struct preset_intake
+{
+    intake_status status = intake_status::read;
+    // unreadable, failed: why; read_as_lua: why the window's reader refused it;
+    // not_a_preset: what the file is instead.
+    QString reason;
+    // False for an .xmp whose Description has no attribute of the develop
+    // settings' namespace: a photo's metadata sidecar.
+    bool has_develop_attributes = true;
+};
+
+// Fills `out` from the file at `path`, which the caller gives a fresh record.
+preset_intake take_in_preset(const QString& path, bool strict, preset_settings& out);

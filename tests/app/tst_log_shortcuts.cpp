@@ -9,6 +9,8 @@
 
 #include <QtTest>
 
+#include <memory>
+
 namespace {
 
 QWidget* log_window()
@@ -41,7 +43,7 @@ void tst_log_shortcuts::keys_open_the_log_and_the_identity_box()
     init_lookwright_resources();
     orn::install_widget_layer();
     test_support::use_test_settings();
-    orn::application_log log(qApp);
+    auto log = std::make_unique<orn::application_log>(qApp);
     MainWindow window(nullptr);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
@@ -60,6 +62,9 @@ void tst_log_shortcuts::keys_open_the_log_and_the_identity_box()
     QVERIFY2(text.startsWith(QLatin1String("OS: ")), qPrintable(text));
     QVERIFY2(text.endsWith("\n" + QString::fromStdString(orn::component_report())),
              qPrintable(text));
+    // The log hands its window over for deletion; let that happen before the end.
+    log.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 QTEST_MAIN(tst_log_shortcuts)

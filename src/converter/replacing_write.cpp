@@ -46,10 +46,11 @@ bool write_replacing(const QString& target, const QByteArray& bytes, QString* er
     const QFileInfo target_info(target);
     QFile temporary;
     for (int i = 0; i < name_tries && !temporary.isOpen(); ++i) {
-        temporary.setFileName(target_info.absoluteDir().filePath(
-            QStringLiteral(".%1.%2")
-                .arg(target_info.fileName())
-                .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'))));
+        temporary.setFileName(QDir(target_info.path())
+                                  .filePath(QStringLiteral(".%1.%2")
+                                                .arg(target_info.fileName())
+                                                .arg(QRandomGenerator::global()->generate(), 8, 16,
+                                                     QLatin1Char('0'))));
         // Unbuffered, so that a full disk fails the write itself. NewOnly never
         // takes over a file that is there.
         if (!temporary.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) &&

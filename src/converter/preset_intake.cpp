@@ -50,7 +50,7 @@ preset_intake read_template_as_lua(const preset_source& source, const QString& w
     try {
         const std::unique_ptr<QIODevice> device = source.open();
         if (device->isOpen()) {
-            load_lua_template(out, *device);
+            load_lua_template_from(out, *device);
         }
     } catch (const std::exception& e) {
         return {intake_status::failed, QString::fromUtf8(e.what())};
@@ -140,7 +140,7 @@ preset_intake take_in_preset(const preset_source& source, bool strict, preset_se
         }
     } else {
         const std::unique_ptr<QIODevice> device = source.open();
-        const xmp_outline outline = outline_xmp(*device);
+        const xmp_outline outline = outline_xmp_from(*device);
         if (!outline.missing_element.isEmpty()) {
             return {intake_status::not_a_preset,
                     QStringLiteral("no %1 element where an XMP preset has one")

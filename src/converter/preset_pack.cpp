@@ -127,9 +127,11 @@ QString read_preset_pack(const QString& path, const std::function<void(const pac
             .arg(count)
             .arg(limits.entries);
     }
-    const QString too_much = QStringLiteral("its presets unpack to more than %1 together; the "
-                                            "rest of it was not read")
-                                 .arg(in_mib(limits.total_bytes));
+    const auto too_much = [&limits] {
+        return QStringLiteral("its presets unpack to more than %1 together; the rest of it was "
+                              "not read")
+            .arg(in_mib(limits.total_bytes));
+    };
 
     qint64 total = 0;
     for (zip_int64_t i = 0; i < count; ++i) {
@@ -159,13 +161,13 @@ QString read_preset_pack(const QString& path, const std::function<void(const pac
                                   .arg(declared)
                                   .arg(in_mib(limits.entry_bytes)));
             } else if (declared > static_cast<zip_uint64_t>(remaining)) {
-                return too_much;
+                return too_much();
             } else {
                 const qint64 limit = std::min(limits.entry_bytes, remaining);
                 if (!read_entry(archive.get(), index, static_cast<qint64>(declared), limit,
                                 entry) &&
                     limit < limits.entry_bytes) {
-                    return too_much;
+                    return too_much();
                 }
                 total += entry.bytes.size();
             }

@@ -39,7 +39,7 @@ class QIODevice;
 void load_lua_template(preset_settings& out, const QString& path);
 
 // The same from a device open for reading, at its start.
-void load_lua_template(preset_settings& out, QIODevice& device);
+void load_lua_template_from(preset_settings& out, QIODevice& device);
 
 // The braced form as Lua: a sequence of `name = value` assignments.
 void parse_lua_template(preset_settings& out, const QString& text);

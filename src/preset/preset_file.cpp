@@ -46,10 +46,10 @@ preset_read_result read_preset(const QString& name, QIODevice& device, preset_se
     try {
         switch (reader_for(name)) {
         case reader::template_reader:
-            load_template(out, device);
+            load_template_from(out, device);
             break;
         case reader::xmp_reader:
-            load_xmp(out, device);
+            load_xmp_from(out, device);
             break;
         case reader::none:
             return {preset_read_status::unsupported_format, QString()};

@@ -287,10 +287,10 @@ void load_template(preset_settings& out, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    load_template(out, file);
+    load_template_from(out, file);
 }
 
-void load_template(preset_settings& out, QIODevice& device)
+void load_template_from(preset_settings& out, QIODevice& device)
 {
     // No codec is set: the stream decodes as the locale says.
     QTextStream stream(&device);

@@ -51,7 +51,7 @@ private:
 void load_template(preset_settings& out, const QString& path);
 
 // The same from a device open for reading, at its start.
-void load_template(preset_settings& out, QIODevice& device);
+void load_template_from(preset_settings& out, QIODevice& device);
 
 // The braced form: the whole text is read as the inside of a table without braces.
 void parse_block_template(preset_settings& out, const QString& text);

@@ -20,10 +20,10 @@ xmp_outline outline_xmp(const QString& path)
         outline.missing_element = QStringLiteral("xmpmeta");
         return outline;
     }
-    return outline_xmp(file);
+    return outline_xmp_from(file);
 }
 
-xmp_outline outline_xmp(QIODevice& device)
+xmp_outline outline_xmp_from(QIODevice& device)
 {
     xmp_outline outline;
     // The same guarded parse as the reader's, so that both stop at the same place.

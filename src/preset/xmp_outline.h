@@ -25,4 +25,4 @@ struct xmp_outline
 xmp_outline outline_xmp(const QString& path);
 
 // The same from a device open for reading, at its start.
-xmp_outline outline_xmp(QIODevice& device);
+xmp_outline outline_xmp_from(QIODevice& device);

@@ -157,10 +157,10 @@ void load_xmp(preset_settings& out, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    load_xmp(out, file);
+    load_xmp_from(out, file);
 }
 
-void load_xmp(preset_settings& out, QIODevice& device)
+void load_xmp_from(preset_settings& out, QIODevice& device)
 {
     // The parser reads the bytes itself and so decides the encoding. It resolves no
     // external entities and keeps its limit on entity expansion; the guard keeps the

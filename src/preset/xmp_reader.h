@@ -28,7 +28,7 @@ class QXmlStreamReader;
 void load_xmp(preset_settings& out, const QString& path);
 
 // The same from a device open for reading, at its start.
-void load_xmp(preset_settings& out, QIODevice& device);
+void load_xmp_from(preset_settings& out, QIODevice& device);
 
 // The text of the first non-empty `li` of an `Alt` list among the children of the
 // current element; empty if there is none. Reads to the element's end.

@@ -281,6 +281,9 @@ void tst_preset_packs::pack()
 void tst_preset_packs::entries_convert_as_the_same_files_on_disk()
 {
     const QString presets = QStringLiteral(LOOKWRIGHT_SHARED_PRESETS);
+    if (!QFileInfo(presets).isDir()) {
+        QSKIP(qPrintable(QStringLiteral("No folder of real presets at %1.").arg(presets)));
+    }
     QVector<archive_entry> contents;
     QDirIterator it(presets, {QStringLiteral("*.xmp"), QStringLiteral("*.lrtemplate")}, QDir::Files,
                     QDirIterator::Subdirectories);

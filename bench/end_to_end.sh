@@ -2,7 +2,11 @@
 # Times the converter end to end on generated presets, process start included,
 # and reports peak memory:
 #   1,000 presets (half braced templates, half XMP) in "separate" format;
-#   10,000 presets into one stylepack.
+#   10,000 presets into one stylepack;
+#   1,000 presets converted into a fresh folder against a durable copy of the
+#   same files (`cp -r` into a fresh folder, then `sync -f` on it), in PAIRS
+#   interleaved pairs (default 9), with the plain `cp -r` beside them;
+#   the flushes the converter asks for with 10 and 1,000 presets (needs strace).
 # Usage: bench/end_to_end.sh path/to/lookwright-convert
 set -euo pipefail
 
@@ -38,6 +42,9 @@ report() {
 
 generate "$work/in1000" 1000
 generate "$work/in10000" 10000
+# The converter flushes the output's file system, and with it whatever else
+# waits to be written: the generated presets are written out first.
+sync
 
 for run in 1 2 3; do
     rm -rf "$work/out" && mkdir "$work/out"
@@ -50,3 +57,61 @@ test "$(ls "$work/out" | wc -l)" -eq 1000
     2>"$work/time.log" || true
 report "10,000 presets, one stylepack" "$work/time.log"
 test -s "$work/pack.costylepack"
+
+# Wall time of a command in seconds, from bash's clock in microseconds.
+seconds() {
+    local start=$EPOCHREALTIME
+    "$@" >/dev/null 2>&1 || true
+    awk -v a="$start" -v b="$EPOCHREALTIME" 'BEGIN { printf "%.4f", b - a }'
+}
+
+durable_copy() {
+    cp -r "$1" "$2" && sync -f "$2"
+}
+
+# The disk is shared and noisy, and a flush also waits for other programs'
+# writes: each pair runs the two back to back, and the figure is the median of
+# the pairs' ratios.
+pairs=${PAIRS:-9}
+: >"$work/pairs"
+for ((run = 0; run < pairs; run++)); do
+    rm -rf "$work/out" "$work/copy" "$work/plain"
+    sync
+    mkdir "$work/out"
+    convert=$(seconds "$converter" -q -c srgb -o "$work/out" "$work/in1000")
+    copy=$(seconds durable_copy "$work/in1000" "$work/copy")
+    plain=$(seconds cp -r "$work/in1000" "$work/plain")
+    echo "$convert $copy $plain" >>"$work/pairs"
+done
+test "$(ls "$work/out" | wc -l)" -eq 1000
+awk '
+    { convert[NR] = $1; copy[NR] = $2; plain[NR] = $3; ratio[NR] = $1 / $2 }
+    function median(values, n,   sorted, i, j, v) {
+        for (i = 1; i <= n; i++) {
+            v = values[i]
+            for (j = i - 1; j >= 1 && sorted[j] > v; j--) sorted[j + 1] = sorted[j]
+            sorted[j + 1] = v
+        }
+        return n % 2 ? sorted[(n + 1) / 2] : (sorted[n / 2] + sorted[n / 2 + 1]) / 2
+    }
+    function low(values, n,   i, m) { m = values[1]; for (i = 2; i <= n; i++) if (values[i] < m) m = values[i]; return m }
+    function high(values, n,   i, m) { m = values[1]; for (i = 2; i <= n; i++) if (values[i] > m) m = values[i]; return m }
+    END {
+        printf "1,000 presets converted, %d pairs: median %.3f s (%.3f-%.3f)\n", NR, median(convert, NR), low(convert, NR), high(convert, NR)
+        printf "cp -r + sync -f of the same files:  median %.3f s (%.3f-%.3f)\n", median(copy, NR), low(copy, NR), high(copy, NR)
+        printf "plain cp -r:                        median %.3f s (%.3f-%.3f)\n", median(plain, NR), low(plain, NR), high(plain, NR)
+        printf "ratio converter / durable copy:     median %.2f (%.2f-%.2f), target <= 2\n", median(ratio, NR), low(ratio, NR), high(ratio, NR)
+    }' "$work/pairs"
+
+if command -v strace >/dev/null; then
+    generate "$work/in10" 10
+    for count in 10 1000; do
+        rm -rf "$work/out" && mkdir "$work/out"
+        strace -f -c -e trace=fsync,fdatasync,syncfs,sync -o "$work/strace" \
+            "$converter" -q -o "$work/out" "$work/in$count" || true
+        printf 'flushes for %d presets: %s\n' "$count" \
+            "$(awk '$NF ~ /^(fsync|fdatasync|syncfs|sync)$/ { printf "%s %s ", $4, $NF }' "$work/strace")"
+    done
+else
+    echo "strace is not installed: flushes not counted"
+fi

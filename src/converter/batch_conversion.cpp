@@ -2,16 +2,20 @@
 
 #include "converter/console_report.h"
 #include "converter/converter_log.h"
+#include "converter/disk_flush.h"
 #include "converter/preset_contents.h"
 #include "converter/preset_intake.h"
+#include "converter/preset_pack.h"
+#include "converter/replacing_write.h"
 #include "convert/lut_set.h"
 #include "output/stylepack.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QIODevice>
 #include <QtDebug>
+
+#include <memory>
 
 bool is_known_colour_space(const QString& colour_space)
 {
@@ -29,35 +33,81 @@ batch_summary batch_conversion::run(const QStringList& files)
 {
     batch_summary summary;
     for (int i = 0; i < files.size(); ++i) {
-        switch (convert_one(files[i])) {
-        case outcome::converted:
-            ++summary.converted;
-            break;
-        case outcome::skipped:
-            ++summary.skipped;
-            break;
-        case outcome::failed:
-            ++summary.failed;
-            break;
+        if (QFileInfo(files[i]).suffix().toLower() == QLatin1String("zip")) {
+            convert_pack(files[i], summary);
+        } else {
+            count(convert_one(preset_source::file(files[i])), summary);
         }
         report_.progress(i + 1, files.size());
     }
     report_.finish_progress();
     summary.read_as_lua = read_as_lua_;
 
-    if (packing_ && !stylepack_documents_.isEmpty() && !write_archive()) {
-        // Nothing of the converted presets reached the disk.
+    bool on_disk = true;
+    if (packing_ && !stylepack_documents_.isEmpty()) {
+        on_disk =
+            write_archive() && flushed(QFileInfo(options_.pack_path).path(), {options_.pack_path});
+    } else if (!written_.isEmpty()) {
+        on_disk = flushed(options_.output_dir, written_);
+    }
+    if (!on_disk) {
+        // None of the converted presets is known to be on the disk.
         summary.failed += summary.converted;
         summary.converted = 0;
     }
     return summary;
 }
 
-batch_conversion::outcome batch_conversion::convert_one(const QString& path)
+void batch_conversion::count(outcome result, batch_summary& summary)
 {
+    switch (result) {
+    case outcome::converted:
+        ++summary.converted;
+        break;
+    case outcome::skipped:
+        ++summary.skipped;
+        break;
+    case outcome::failed:
+        ++summary.failed;
+        break;
+    }
+}
+
+void batch_conversion::convert_pack(const QString& path, batch_summary& summary)
+{
+    int entries = 0;
+    const QString failure = read_preset_pack(path, [&](const pack_entry& entry) {
+        ++entries;
+        const preset_source source = preset_source::entry(path, entry.name, entry.bytes);
+        switch (entry.state) {
+        case pack_entry::status::read:
+            count(convert_one(source), summary);
+            break;
+        case pack_entry::status::refused:
+            report_.error(source.name, entry.error);
+            ++summary.failed;
+            break;
+        case pack_entry::status::nested_archive:
+            report_.warning(source.name,
+                            QStringLiteral("an archive inside an archive is not "
+                                           "opened; unpack it to convert its presets"));
+            break;
+        }
+    });
+    if (!failure.isEmpty()) {
+        report_.error(path, failure);
+        ++summary.failed;
+    } else if (entries == 0) {
+        report_.warning(path, QStringLiteral("holds no .xmp or .lrtemplate presets"));
+    }
+}
+
+batch_conversion::outcome batch_conversion::convert_one(const preset_source& source)
+{
+    const QString& path = source.name;
     const log_file_scope log_scope(path);
     preset_settings preset;
-    const preset_intake intake = take_in_preset(path, options_.strict, preset);
+    const preset_intake intake = take_in_preset(source, options_.strict, preset);
     switch (intake.status) {
     case intake_status::read:
         break;
@@ -88,14 +138,14 @@ batch_conversion::outcome batch_conversion::convert_one(const QString& path)
         report_.error(path, QStringLiteral("the preset could not be converted"));
         return outcome::failed;
     }
-    if (skipped_as_empty(path, preset, document, intake.has_develop_attributes, luts) ||
+    if (skipped_as_empty(source, preset, document, intake.has_develop_attributes, luts) ||
         skipped_for_warnings(path, preset, luts)) {
         return outcome::skipped;
     }
-    return deliver(path, document) ? outcome::converted : outcome::failed;
+    return deliver(source, document) ? outcome::converted : outcome::failed;
 }
 
-bool batch_conversion::skipped_as_empty(const QString& file, const preset_settings& preset,
+bool batch_conversion::skipped_as_empty(const preset_source& source, const preset_settings& preset,
                                         const QString& document, bool has_develop_attributes,
                                         const lut_set& luts)
 {
@@ -107,9 +157,9 @@ bool batch_conversion::skipped_as_empty(const QString& file, const preset_settin
     if (style_body(document) != empty_style_body_) {
         return false;
     }
-    QFile bytes(file);
+    const std::unique_ptr<QIODevice> bytes = source.open();
     const QString held =
-        unmapped_settings(preset, bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray());
+        unmapped_settings(preset, bytes->isOpen() ? bytes->readAll() : QByteArray());
     QString reason;
     if (!has_develop_attributes) {
         reason = QStringLiteral("a photo's metadata without develop settings");
@@ -118,7 +168,7 @@ bool batch_conversion::skipped_as_empty(const QString& file, const preset_settin
     } else {
         reason = QStringLiteral("nothing in it maps to a style (it holds only %1)").arg(held);
     }
-    report_.warning(file, QStringLiteral("skipped: ") + reason);
+    report_.warning(source.name, QStringLiteral("skipped: ") + reason);
     return true;
 }
 
@@ -159,15 +209,16 @@ bool batch_conversion::skipped_for_warnings(const QString& file, const preset_se
     return false;
 }
 
-bool batch_conversion::deliver(const QString& path, const QString& document)
+bool batch_conversion::deliver(const preset_source& source, const QString& document)
 {
-    const QString target_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
-    note_collision(path, target_name);
+    const QString target_name =
+        QFileInfo(source.file_name).completeBaseName() + QStringLiteral(".costyle");
+    note_collision(source.name, target_name);
     if (packing_) {
         stylepack_documents_.insert(target_name, document.toUtf8());
         return true;
     }
-    return save_separate(path, target_name, document);
+    return save_separate(source.name, target_name, document);
 }
 
 void batch_conversion::note_collision(const QString& path, const QString& target_name)
@@ -181,27 +232,18 @@ void batch_conversion::note_collision(const QString& path, const QString& target
     source_of_target_.insert(target_name, path);
 }
 
-// The style is written to a temporary file that replaces the target only when it
-// is complete, so a failure never leaves half a style or destroys an existing one.
+// The style replaces the target only when it is complete, so a failure never
+// leaves half a style or destroys an existing one; the batch flushes it later.
 bool batch_conversion::save_separate(const QString& file, const QString& target_name,
                                      const QString& document)
 {
     const QString target_path = QDir(options_.output_dir).filePath(target_name);
-    QSaveFile out(target_path);
-    const QByteArray bytes = document.toUtf8();
-    // Unbuffered, so that a full disk fails the write itself and not a silent flush
-    // inside commit().
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        report_.error(file,
-                      QStringLiteral("can't write '%1': %2").arg(target_path, out.errorString()));
+    QString reason;
+    if (!write_replacing(target_path, document.toUtf8(), &reason)) {
+        report_.error(file, QStringLiteral("can't write '%1': %2").arg(target_path, reason));
         return false;
     }
-    const qint64 written = out.write(bytes);
-    if (written != bytes.size() || !out.commit()) {
-        report_.error(file,
-                      QStringLiteral("can't write '%1': %2").arg(target_path, out.errorString()));
-        return false;
-    }
+    written_ << target_path;
     qInfo("Wrote '%s'", qUtf8Printable(target_path));
     return true;
 }
@@ -216,5 +258,17 @@ bool batch_conversion::write_archive()
         return false;
     }
     qInfo("Wrote '%s'", qUtf8Printable(options_.pack_path));
+    return true;
+}
+
+bool batch_conversion::flushed(const QString& folder, const QStringList& written)
+{
+    QString reason;
+    if (!flush_to_disk(folder, written, &reason)) {
+        report_.error(folder, QStringLiteral("what was written here could not be flushed to the "
+                                             "disk, so none of it counts as converted: ") +
+                                  reason);
+        return false;
+    }
     return true;
 }

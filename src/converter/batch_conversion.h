@@ -10,6 +10,7 @@
 class console_report;
 class lut_set;
 struct preset_settings;
+struct preset_source;
 
 struct batch_summary
 {
@@ -25,14 +26,16 @@ struct batch_summary
 // by the options, and reports every failure instead of staying silent. A failed
 // file never ends the batch. Unlike the window it reads templates that the
 // window's reader refuses as Lua (not with --strict), refuses files that are no
-// develop preset, and skips presets of which nothing reaches a style.
+// develop preset, skips presets of which nothing reaches a style, and converts
+// the presets inside .zip archives (preset_pack.h). Styles count as converted
+// only once they are flushed to the disk, with one flush for the whole batch.
 class batch_conversion
 {
 public:
     batch_conversion(const converter_options& options, console_report& report);
 
-    // Converts `files` in the order given and, in the stylepack formats, writes the
-    // archive after the last one.
+    // Converts `files` in the order given, a .zip standing for the presets in it,
+    // and, in the stylepack formats, writes the archive after the last one.
     batch_summary run(const QStringList& files);
 
 private:
@@ -43,17 +46,21 @@ private:
         failed
     };
 
-    outcome convert_one(const QString& path);
+    outcome convert_one(const preset_source& source);
+    void convert_pack(const QString& path, batch_summary& summary);
+    void count(outcome result, batch_summary& summary);
     // True when the preset's style would hold nothing of the preset; says so.
-    bool skipped_as_empty(const QString& file, const preset_settings& preset,
+    bool skipped_as_empty(const preset_source& source, const preset_settings& preset,
                           const QString& document, bool has_develop_attributes,
                           const lut_set& luts);
     bool skipped_for_warnings(const QString& file, const preset_settings& preset,
                               const lut_set& luts);
-    bool deliver(const QString& path, const QString& document);
+    bool deliver(const preset_source& source, const QString& document);
     bool save_separate(const QString& file, const QString& target_name, const QString& document);
     void note_collision(const QString& path, const QString& target_name);
     bool write_archive();
+    // Flushes what the batch wrote; false, having said so, when that failed.
+    bool flushed(const QString& folder, const QStringList& written);
 
     const converter_options& options_;
     console_report& report_;
@@ -65,6 +72,8 @@ private:
     QMap<QString, QByteArray> stylepack_documents_;
     // Target name to the preset that last produced it, to tell about collisions.
     QHash<QString, QString> source_of_target_;
+    // Styles written in the format "separate", to be flushed before they count.
+    QStringList written_;
 };
 
 // True for the five colour spaces the conversion knows by name.

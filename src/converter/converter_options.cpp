@@ -58,9 +58,10 @@ parse_result parse_converter_options(const QStringList& arguments,
                                      QStringLiteral("Show the version."));
     parser.addOptions({output, colour_space, format, pack, skip_white_balance, skip_unsupported,
                        skip_calibration, strict, quiet, verbose, help, version});
-    parser.addPositionalArgument(QStringLiteral("PRESET|FOLDER"),
-                                 QStringLiteral("Presets, or folders searched for presets."),
-                                 QStringLiteral("PRESET|FOLDER..."));
+    parser.addPositionalArgument(QStringLiteral("PRESET|PACK|FOLDER"),
+                                 QStringLiteral("Presets, preset packs (.zip), or folders "
+                                                "searched for both."),
+                                 QStringLiteral("PRESET|PACK|FOLDER..."));
 
     if (!parser.parse(arguments)) {
         return {parse_outcome::usage_error, parser.errorText()};

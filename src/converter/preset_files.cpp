@@ -11,7 +11,8 @@ namespace {
 bool is_preset_suffix(const QFileInfo& info)
 {
     const QString suffix = info.suffix().toLower();
-    return suffix == QLatin1String("xmp") || suffix == QLatin1String("lrtemplate");
+    return suffix == QLatin1String("xmp") || suffix == QLatin1String("lrtemplate") ||
+           suffix == QLatin1String("zip");
 }
 
 QStringList presets_below(const QString& folder)

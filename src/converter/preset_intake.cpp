@@ -4,20 +4,22 @@
 #include "preset/preset_file.h"
 #include "preset/xmp_outline.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <exception>
 
 namespace {
 
 // True when the file holds nothing but ASCII white space. Reads only up to the
 // first other byte, which is almost always the first.
-bool is_blank(QFile& file)
+bool is_blank(QIODevice& device)
 {
     constexpr qint64 chunk = qint64(64) * 1024;
-    while (!file.atEnd()) {
-        const QByteArray bytes = file.read(chunk);
+    while (!device.atEnd()) {
+        const QByteArray bytes = device.read(chunk);
         if (bytes.isEmpty()) {
             return false;
         }
@@ -41,12 +43,15 @@ QString template_type(const preset_settings& preset)
     return type;
 }
 
-preset_intake read_template_as_lua(const QString& path, const QString& window_error,
+preset_intake read_template_as_lua(const preset_source& source, const QString& window_error,
                                    preset_settings& out)
 {
     out = preset_settings();
     try {
-        load_lua_template(out, path);
+        const std::unique_ptr<QIODevice> device = source.open();
+        if (device->isOpen()) {
+            load_lua_template_from(out, *device);
+        }
     } catch (const std::exception& e) {
         return {intake_status::failed, QString::fromUtf8(e.what())};
     }
@@ -55,17 +60,49 @@ preset_intake read_template_as_lua(const QString& path, const QString& window_er
 
 } // namespace
 
-preset_intake take_in_preset(const QString& path, bool strict, preset_settings& out)
+preset_source preset_source::file(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {intake_status::unreadable, file.errorString()};
-    }
-    const bool blank = is_blank(file);
-    const bool empty = file.size() == 0;
-    file.close();
+    return {path, QFileInfo(path).fileName(), path, QByteArray()};
+}
 
-    const QString suffix = QFileInfo(path).suffix().toLower();
+preset_source preset_source::entry(const QString& archive, const QString& entry_name,
+                                   const QByteArray& bytes)
+{
+    // Archives made on Windows may separate folders with backslashes; the style's
+    // name is the file's own and never reaches into a folder.
+    const int folder_end = std::max(entry_name.lastIndexOf(QLatin1Char('/')),
+                                    entry_name.lastIndexOf(QLatin1Char('\\')));
+    return {archive + QLatin1Char(':') + entry_name, entry_name.mid(folder_end + 1), QString(),
+            bytes};
+}
+
+std::unique_ptr<QIODevice> preset_source::open() const
+{
+    if (!path.isEmpty()) {
+        auto file = std::make_unique<QFile>(path);
+        file->open(QIODevice::ReadOnly);
+        return file;
+    }
+    auto buffer = std::make_unique<QBuffer>();
+    buffer->setData(bytes);
+    buffer->open(QIODevice::ReadOnly);
+    return buffer;
+}
+
+preset_intake take_in_preset(const preset_source& source, bool strict, preset_settings& out)
+{
+    bool blank = false;
+    bool empty = false;
+    {
+        const std::unique_ptr<QIODevice> device = source.open();
+        if (!device->isOpen()) {
+            return {intake_status::unreadable, device->errorString()};
+        }
+        blank = is_blank(*device);
+        empty = device->size() == 0;
+    }
+
+    const QString suffix = QFileInfo(source.file_name).suffix().toLower();
     const bool is_template = suffix == QLatin1String("lrtemplate");
     if (!is_template && suffix != QLatin1String("xmp")) {
         return {intake_status::unsupported_format, QString()};
@@ -77,12 +114,19 @@ preset_intake take_in_preset(const QString& path, bool strict, preset_settings& 
     }
 
     preset_intake intake;
-    const preset_read_result read = read_preset_file(path, out);
+    preset_read_result read;
+    {
+        const std::unique_ptr<QIODevice> device = source.open();
+        if (!device->isOpen()) {
+            return {intake_status::unreadable, device->errorString()};
+        }
+        read = read_preset(source.file_name, *device, out);
+    }
     if (read.status == preset_read_status::failed) {
         if (strict || !is_template) {
             return {intake_status::failed, read.error};
         }
-        intake = read_template_as_lua(path, read.error, out);
+        intake = read_template_as_lua(source, read.error, out);
         if (intake.status == intake_status::failed) {
             return intake;
         }
@@ -95,7 +139,8 @@ preset_intake take_in_preset(const QString& path, bool strict, preset_settings& 
                     QStringLiteral("a template of type \"%1\"").arg(type)};
         }
     } else {
-        const xmp_outline outline = outline_xmp(path);
+        const std::unique_ptr<QIODevice> device = source.open();
+        const xmp_outline outline = outline_xmp_from(*device);
         if (!outline.missing_element.isEmpty()) {
             return {intake_status::not_a_preset,
                     QStringLiteral("no %1 element where an XMP preset has one")

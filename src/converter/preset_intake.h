@@ -1,8 +1,33 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
+#include <memory>
+
+class QIODevice;
 struct preset_settings;
+
+// Where a preset's bytes are: a file, or an entry of a preset pack already read
+// into memory. Both take the same road from here on.
+struct preset_source
+{
+    // How messages name the preset: its path, or "pack.zip:folder/Warm.xmp".
+    QString name;
+    // The preset's own file name: its suffix chooses the reader, its base names
+    // the style.
+    QString file_name;
+    // The file; empty for an entry, whose bytes are in `bytes`.
+    QString path;
+    QByteArray bytes;
+
+    static preset_source file(const QString& path);
+    static preset_source entry(const QString& archive, const QString& entry_name,
+                               const QByteArray& bytes);
+
+    // A fresh device at the start of the preset; check isOpen().
+    std::unique_ptr<QIODevice> open() const;
+};
 
 // How one file of a batch was read, and whether it is a develop preset at all.
 //
@@ -33,5 +58,5 @@ struct preset_intake
     bool has_develop_attributes = true;
 };
 
-// Fills `out` from the file at `path`, which the caller gives a fresh record.
-preset_intake take_in_preset(const QString& path, bool strict, preset_settings& out);
+// Fills `out` from the preset, to which the caller gives a fresh record.
+preset_intake take_in_preset(const preset_source& source, bool strict, preset_settings& out);

@@ -540,8 +540,13 @@ void load_lua_template(preset_settings& out, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
+    load_lua_template_from(out, file);
+}
+
+void load_lua_template_from(preset_settings& out, QIODevice& device)
+{
     // Decoded as the braced form's reader decodes, so that both see the same text.
-    QTextStream stream(&file);
+    QTextStream stream(&device);
     const QString text = stream.readAll();
     if (text.contains(QLatin1String("s.value.settings = {}"))) {
         parse_line_template(out, text);

@@ -29,12 +29,17 @@
 
 #include <QString>
 
+class QIODevice;
+
 // Reads the file at `path` into `out` and sets `out.name` from `title`, as
 // load_template does, the line form included (which it hands to the same line
 // reader). A file that can't be opened leaves `out` untouched, silently. Throws
 // lua_syntax_error (a std::runtime_error naming the line) where the text isn't
 // Lua; `out` then keeps what was stored before, and `name` isn't set.
 void load_lua_template(preset_settings& out, const QString& path);
+
+// The same from a device open for reading, at its start.
+void load_lua_template_from(preset_settings& out, QIODevice& device);
 
 // The braced form as Lua: a sequence of `name = value` assignments.
 void parse_lua_template(preset_settings& out, const QString& text);

@@ -3,19 +3,55 @@
 #include "preset/template_reader.h"
 #include "preset/xmp_reader.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <exception>
 
+namespace {
+
+enum class reader
+{
+    none,
+    template_reader,
+    xmp_reader
+};
+
+reader reader_for(const QString& name)
+{
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    if (suffix == QLatin1String("lrtemplate")) {
+        return reader::template_reader;
+    }
+    return suffix == QLatin1String("xmp") ? reader::xmp_reader : reader::none;
+}
+
+} // namespace
+
 preset_read_result read_preset_file(const QString& path, preset_settings& out)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (reader_for(path) == reader::none) {
+        return {preset_read_status::unsupported_format, QString()};
+    }
+    QFile file(path);
+    // A file that can't be opened leaves the record untouched, as the readers do.
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return read_preset(path, file, out);
+}
+
+preset_read_result read_preset(const QString& name, QIODevice& device, preset_settings& out)
+{
     try {
-        if (suffix == QLatin1String("lrtemplate")) {
-            load_template(out, path);
-        } else if (suffix == QLatin1String("xmp")) {
-            load_xmp(out, path);
-        } else {
+        switch (reader_for(name)) {
+        case reader::template_reader:
+            load_template_from(out, device);
+            break;
+        case reader::xmp_reader:
+            load_xmp_from(out, device);
+            break;
+        case reader::none:
             return {preset_read_status::unsupported_format, QString()};
         }
     } catch (const std::exception& e) {

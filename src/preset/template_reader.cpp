@@ -287,8 +287,13 @@ void load_template(preset_settings& out, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
+    load_template_from(out, file);
+}
+
+void load_template_from(preset_settings& out, QIODevice& device)
+{
     // No codec is set: the stream decodes as the locale says.
-    QTextStream stream(&file);
+    QTextStream stream(&device);
     const QString text = stream.readAll();
     if (text.contains(QLatin1String("s.value.settings = {}"))) {
         parse_line_template(out, text);

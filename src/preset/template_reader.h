@@ -17,6 +17,8 @@
 
 #include <QString>
 
+class QIODevice;
+
 // The table reader's position in the token stream, shared by all nesting levels.
 // Tokens are pulled from the scanner one by one; the cursor keeps the previous and
 // the following token for the log line of a failure.
@@ -47,6 +49,9 @@ private:
 // the braced form holds an unexpected token or an unsupported curve; `out` then
 // keeps what was stored before the failure, and `name` isn't set.
 void load_template(preset_settings& out, const QString& path);
+
+// The same from a device open for reading, at its start.
+void load_template_from(preset_settings& out, QIODevice& device);
 
 // The braced form: the whole text is read as the inside of a table without braces.
 void parse_block_template(preset_settings& out, const QString& text);

@@ -14,14 +14,20 @@ const QLatin1String develop_namespace("http://ns.adobe.com/camera-raw-settings/1
 
 xmp_outline outline_xmp(const QString& path)
 {
-    xmp_outline outline;
-    outline.missing_element = QStringLiteral("xmpmeta");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
+        xmp_outline outline;
+        outline.missing_element = QStringLiteral("xmpmeta");
         return outline;
     }
+    return outline_xmp_from(file);
+}
+
+xmp_outline outline_xmp_from(QIODevice& device)
+{
+    xmp_outline outline;
     // The same guarded parse as the reader's, so that both stop at the same place.
-    xml_cost_guard guarded_file(file);
+    xml_cost_guard guarded_file(device);
     QXmlStreamReader reader(&guarded_file);
     for (const char* element : {"xmpmeta", "RDF", "Description"}) {
         outline.missing_element = QLatin1String(element);

@@ -8,6 +8,8 @@
 
 #include <QString>
 
+class QIODevice;
+
 struct xmp_outline
 {
     // The first element of xmpmeta, RDF and Description that the reader doesn't
@@ -21,3 +23,6 @@ struct xmp_outline
 // Reads the start of the file at `path` as the XMP reader does. A file that can't
 // be opened misses "xmpmeta".
 xmp_outline outline_xmp(const QString& path);
+
+// The same from a device open for reading, at its start.
+xmp_outline outline_xmp_from(QIODevice& device);

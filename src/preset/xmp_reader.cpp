@@ -157,10 +157,15 @@ void load_xmp(preset_settings& out, const QString& path)
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
+    load_xmp_from(out, file);
+}
+
+void load_xmp_from(preset_settings& out, QIODevice& device)
+{
     // The parser reads the bytes itself and so decides the encoding. It resolves no
     // external entities and keeps its limit on entity expansion; the guard keeps the
     // rest of its work in proportion to the file.
-    xml_cost_guard guarded_file(file);
+    xml_cost_guard guarded_file(device);
     QXmlStreamReader reader(&guarded_file);
 
     if (!enter(reader, QLatin1String("xmpmeta"), "No xmpmeta element found at start of document") ||

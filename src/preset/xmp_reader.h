@@ -19,12 +19,16 @@
 
 #include <QString>
 
+class QIODevice;
 class QXmlStreamReader;
 
 // Fills `out` from the file at `path`. Throws nothing: a file that can't be opened
 // is passed over in silence, and a foreign or broken document is logged and leaves
 // `out` with what was read before.
 void load_xmp(preset_settings& out, const QString& path);
+
+// The same from a device open for reading, at its start.
+void load_xmp_from(preset_settings& out, QIODevice& device);
 
 // The text of the first non-empty `li` of an `Alt` list among the children of the
 // current element; empty if there is none. Reads to the element's end.

@@ -162,6 +162,36 @@ QVector<archive_entry> read_archive(const QString& path)
     return entries;
 }
 
+bool write_archive(const QString& path, const QVector<archive_entry>& entries)
+{
+    int error = 0;
+    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+    if (archive == nullptr) {
+        return false;
+    }
+    bool added = true;
+    for (const archive_entry& entry : entries) {
+        if (entry.name.endsWith(QLatin1Char('/'))) {
+            added = added &&
+                    zip_dir_add(archive, entry.name.toUtf8().constData(), ZIP_FL_ENC_UTF_8) >= 0;
+            continue;
+        }
+        // The entries' bytes stay alive in `entries` until the archive is closed.
+        zip_source_t* source =
+            zip_source_buffer(archive, entry.data.constData(), zip_uint64_t(entry.data.size()), 0);
+        if (source == nullptr ||
+            zip_file_add(archive, entry.name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {
+            zip_source_free(source);
+            added = false;
+        }
+    }
+    if (zip_close(archive) != 0) {
+        zip_discard(archive);
+        return false;
+    }
+    return added;
+}
+
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents)
 {
     const QString path = dir + QLatin1Char('/') + name;

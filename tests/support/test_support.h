@@ -64,6 +64,10 @@ struct archive_entry
 // Every entry of the archive at `path`, in archive order; empty if it can't be opened.
 QVector<archive_entry> read_archive(const QString& path);
 
+// Writes a ZIP archive at `path` holding `entries` in order, deflated; a name
+// ending in '/' is a folder. False if libzip refused.
+bool write_archive(const QString& path, const QVector<archive_entry>& entries);
+
 // Writes `contents` to a new file in `dir` and returns its path.
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents);
 

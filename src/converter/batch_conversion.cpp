@@ -2,8 +2,10 @@
 
 #include "converter/console_report.h"
 #include "converter/converter_log.h"
+#include "converter/loss_report.h"
 #include "converter/preset_contents.h"
 #include "converter/preset_intake.h"
+#include "convert/lost_settings.h"
 #include "convert/lut_set.h"
 #include "output/stylepack.h"
 
@@ -29,7 +31,11 @@ batch_summary batch_conversion::run(const QStringList& files)
 {
     batch_summary summary;
     for (int i = 0; i < files.size(); ++i) {
-        switch (convert_one(files[i])) {
+        if (losses_ != nullptr) {
+            losses_->open(files[i]);
+        }
+        const outcome result = convert_one(files[i]);
+        switch (result) {
         case outcome::converted:
             ++summary.converted;
             break;
@@ -40,6 +46,10 @@ batch_summary batch_conversion::run(const QStringList& files)
             ++summary.failed;
             break;
         }
+        if (losses_ != nullptr) {
+            static const char* const words[] = {"converted", "skipped", "failed"};
+            losses_->set_outcome(files[i], QLatin1String(words[static_cast<int>(result)]));
+        }
         report_.progress(i + 1, files.size());
     }
     report_.finish_progress();
@@ -49,6 +59,10 @@ batch_summary batch_conversion::run(const QStringList& files)
         // Nothing of the converted presets reached the disk.
         summary.failed += summary.converted;
         summary.converted = 0;
+        if (losses_ != nullptr) {
+            losses_->unwrite_archive(options_.pack_path,
+                                     QStringLiteral("the archive could not be written"));
+        }
     }
     return summary;
 }
@@ -84,15 +98,51 @@ batch_conversion::outcome batch_conversion::convert_one(const QString& path)
 
     const lut_set luts;
     QString document;
-    if (!luts.convert_preset(preset, &document, options_.colour_space)) {
+    // The keys read are gathered only when someone will be told what is lost.
+    const bool telling_losses =
+        losses_ != nullptr || options_.level == converter_options::verbosity::verbose;
+    QSet<QString> read_keys;
+    if (!luts.convert_preset(preset, &document, options_.colour_space,
+                             telling_losses ? &read_keys : nullptr)) {
         report_.error(path, QStringLiteral("the preset could not be converted"));
         return outcome::failed;
+    }
+    if (telling_losses) {
+        tell_losses(path, preset, read_keys);
     }
     if (skipped_as_empty(path, preset, document, intake.has_develop_attributes, luts) ||
         skipped_for_warnings(path, preset, luts)) {
         return outcome::skipped;
     }
     return deliver(path, document) ? outcome::converted : outcome::failed;
+}
+
+void batch_conversion::tell_losses(const QString& path, const preset_settings& preset,
+                                   const QSet<QString>& read_keys)
+{
+    const QVector<lost_group> lost = lost_settings(preset, read_keys);
+    if (losses_ != nullptr) {
+        losses_->set_lost(path, lost);
+    }
+    if (lost.isEmpty()) {
+        qInfo("Every setting is carried into the style");
+    } else {
+        qInfo("Not carried into the style: %s", qUtf8Printable(lost_line(lost)));
+    }
+}
+
+// Where the style of `target_name` goes: a file in the output folder, or an
+// entry of the archive, named "archive:entry" as write_stylepack names it.
+QString batch_conversion::style_location(const QString& target_name) const
+{
+    if (!packing_) {
+        return QDir(options_.output_dir).filePath(target_name);
+    }
+    const QString entry = options_.format == QLatin1String("stylepack_category")
+                              ? QFileInfo(options_.pack_path).completeBaseName() +
+                                    QLatin1Char('/') + target_name
+                              : target_name;
+    return options_.pack_path + QLatin1Char(':') + entry;
 }
 
 bool batch_conversion::skipped_as_empty(const QString& file, const preset_settings& preset,
@@ -163,11 +213,16 @@ bool batch_conversion::deliver(const QString& path, const QString& document)
 {
     const QString target_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
     note_collision(path, target_name);
+    bool delivered = true;
     if (packing_) {
         stylepack_documents_.insert(target_name, document.toUtf8());
-        return true;
+    } else {
+        delivered = save_separate(path, target_name, document);
     }
-    return save_separate(path, target_name, document);
+    if (delivered && losses_ != nullptr) {
+        losses_->set_style(path, style_location(target_name));
+    }
+    return delivered;
 }
 
 void batch_conversion::note_collision(const QString& path, const QString& target_name)

@@ -4,10 +4,12 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
 class console_report;
+class loss_report;
 class lut_set;
 struct preset_settings;
 
@@ -35,6 +37,9 @@ public:
     // archive after the last one.
     batch_summary run(const QStringList& files);
 
+    // What became of each preset goes to `losses` as well (--report).
+    void record_in(loss_report* losses) { losses_ = losses; }
+
 private:
     enum class outcome
     {
@@ -44,6 +49,10 @@ private:
     };
 
     outcome convert_one(const QString& path);
+    // Names what of the preset its style doesn't carry, in -v's log and the report.
+    void tell_losses(const QString& path, const preset_settings& preset,
+                     const QSet<QString>& read_keys);
+    QString style_location(const QString& target_name) const;
     // True when the preset's style would hold nothing of the preset; says so.
     bool skipped_as_empty(const QString& file, const preset_settings& preset,
                           const QString& document, bool has_develop_attributes,
@@ -57,6 +66,7 @@ private:
 
     const converter_options& options_;
     console_report& report_;
+    loss_report* losses_ = nullptr;
     bool packing_ = false;
     int read_as_lua_ = 0;
     // The style of an empty preset without Name and UUID; made when first needed.

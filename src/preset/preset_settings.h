@@ -3,6 +3,7 @@
 #include <QMap>
 #include <QPoint>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 // A curve between the readers and the writer: whole levels, nominally 0 to 255.
@@ -20,6 +21,11 @@ struct preset_settings
     point_list tone_curve_red;
     point_list tone_curve_green;
     point_list tone_curve_blue;
+    // Lists the reader dropped unread, by key or element name: a template's lists
+    // of tables and an XMP preset's other child elements (local corrections, a
+    // look, retouch spots). Nothing converts them; they are named only so that a
+    // report can tell what the preset loses.
+    QStringList passed_over;
 };
 
 // The stored text if `key` is present, even when it is empty; else `default_value`.

@@ -107,6 +107,7 @@ void read_description_children(QXmlStreamReader& reader, preset_settings& out)
             read_curve(reader, out.tone_curve_blue, "ToneCurvePV2012Blue -> ");
         } else {
             qDebug() << "Skipping" << name;
+            out.passed_over.append(name.toString());
             reader.skipCurrentElement();
         }
     }

@@ -19,23 +19,37 @@ enum class heading
     other,
 };
 
-const char* const heading_texts[] = {"",       "local adjustments", "lens and geometry",
-                                     "profile and look", "detail", "colour", "other"};
+const char* const heading_texts[] = {
+    "", "local adjustments", "lens and geometry", "profile and look", "detail", "colour", "other"};
 
-// Keys by the start of their name, first match wins; a name that ends in '$' must
-// match whole. Local corrections arrive as the names of the lists their reader
-// dropped (both formats), a look as an XMP element or as a template's flattened
-// table (Amount, LookTable). Calibration stands with the profile, beside which
-// photographers have always found it. Grain counts as detail, the post-crop
-// vignette as an effect among "other".
+// One row for each kind of key; the first whose pattern matches decides. A
+// pattern matches the start of a key, or the whole key when it ends in '$'.
+//  - neutral: a value that sets nothing, besides the 0, false and empty text of
+//    every key (compared as a number where it is one);
+//  - governors: keys of which at least one must set something for this key to
+//    act at all (the hues of a defringe, the mixer of a colour image);
+//  - same_as: keys that hold the same setting, one of which the stages read.
+// Local corrections arrive as the names of the lists the readers dropped, a look
+// as an XMP element or as a template's flattened table (Amount). Calibration
+// stands with the profile, where photographers find it; grain counts as detail,
+// the post-crop vignette as an effect among "other".
 struct key_rule
 {
     const char* pattern;
     heading group;
+    const char* neutral = nullptr;
+    const char* governors = nullptr; // separated by ','
+    const char* same_as = nullptr;   // separated by ','
 };
 
+const char* const parametric_sliders =
+    "ParametricShadows,ParametricDarks,ParametricLights,ParametricHighlights";
+const char* const colour_grade_amounts =
+    "ColorGradeShadowSat,ColorGradeMidtoneSat,ColorGradeHighlightSat,ColorGradeGlobalSat,"
+    "ColorGradeShadowLum,ColorGradeMidtoneLum,ColorGradeHighlightLum,ColorGradeGlobalLum";
+
 const key_rule rules[] = {
-    // Describing the preset rather than setting anything.
+    // What describes the preset or the photo rather than a look.
     {"title$", heading::bookkeeping},
     {"type$", heading::bookkeeping},
     {"id$", heading::bookkeeping},
@@ -47,18 +61,26 @@ const key_rule rules[] = {
     {"ShortName$", heading::bookkeeping},
     {"SortName$", heading::bookkeeping},
     {"Description$", heading::bookkeeping},
-    {"PresetType$", heading::bookkeeping},
+    {"Group$", heading::bookkeeping},
     {"Cluster$", heading::bookkeeping},
+    {"PresetType$", heading::bookkeeping},
     {"UUID$", heading::bookkeeping},
     {"Version$", heading::bookkeeping},
-    {"Group$", heading::bookkeeping},
+    {"CompatibleVersion$", heading::bookkeeping},
+    {"ProcessVersion$", heading::bookkeeping},
+    {"UprightVersion$", heading::bookkeeping},
     {"Copyright$", heading::bookkeeping},
     {"ContactInfo$", heading::bookkeeping},
-    {"ProcessVersion$", heading::bookkeeping},
     {"HasSettings$", heading::bookkeeping},
     {"AlreadyApplied$", heading::bookkeeping},
     {"CameraModelRestriction$", heading::bookkeeping},
     {"RequiresRGBTables$", heading::bookkeeping},
+    {"RequiresRenditionBehavior$", heading::bookkeeping},
+    {"CameraProfileDigest$", heading::bookkeeping},
+    {"LensProfileDigest$", heading::bookkeeping},
+    {"AsShotTemperature$", heading::bookkeeping},
+    {"AsShotTint$", heading::bookkeeping},
+    {"RawFileName$", heading::bookkeeping},
     {"Supports", heading::bookkeeping},
     {"supports", heading::bookkeeping},
     // A panel's switch: what the panel holds is told by its own keys.
@@ -71,22 +93,35 @@ const key_rule rules[] = {
     {"RetouchAreas$", heading::local_adjustments},
     {"RetouchInfo$", heading::local_adjustments},
     {"RedEyeInfo$", heading::local_adjustments},
-    {"Local", heading::local_adjustments},
 
+    {"LensProfileDistortionScale$", heading::lens_and_geometry, "100", "LensProfileEnable"},
+    {"LensProfileVignettingScale$", heading::lens_and_geometry, "100", "LensProfileEnable"},
+    {"LensProfileChromaticAberrationScale$", heading::lens_and_geometry, "100",
+     "LensProfileEnable"},
+    {"LensProfileEnable$", heading::lens_and_geometry},
+    {"LensProfile", heading::lens_and_geometry, nullptr, "LensProfileEnable"},
     {"Lens", heading::lens_and_geometry},
+    {"PerspectiveScale$", heading::lens_and_geometry, "100"},
+    {"PerspectiveUpright$", heading::lens_and_geometry},
     {"Perspective", heading::lens_and_geometry},
-    {"Upright", heading::lens_and_geometry},
+    {"Upright", heading::lens_and_geometry, nullptr, "PerspectiveUpright"},
+    {"DefringePurpleHueLo$", heading::lens_and_geometry, "30", "DefringePurpleAmount"},
+    {"DefringePurpleHueHi$", heading::lens_and_geometry, "70", "DefringePurpleAmount"},
+    {"DefringeGreenHueLo$", heading::lens_and_geometry, "40", "DefringeGreenAmount"},
+    {"DefringeGreenHueHi$", heading::lens_and_geometry, "60", "DefringeGreenAmount"},
     {"Defringe", heading::lens_and_geometry},
     {"ChromaticAberration", heading::lens_and_geometry},
     {"AutoLateralCA", heading::lens_and_geometry},
-    {"VignetteAmount", heading::lens_and_geometry},
-    {"VignetteMidpoint", heading::lens_and_geometry},
-    {"Crop", heading::lens_and_geometry},
-    {"HasCrop", heading::lens_and_geometry},
-    {"orientation$", heading::lens_and_geometry},
+    {"VignetteAmount$", heading::lens_and_geometry},
+    {"VignetteMidpoint$", heading::lens_and_geometry, "50", "VignetteAmount"},
+    {"HasCrop$", heading::lens_and_geometry},
+    {"Crop", heading::lens_and_geometry, nullptr, "HasCrop"},
+    // A template's rotation of the photo; "AB" is upright.
+    {"orientation$", heading::lens_and_geometry, "AB"},
 
-    {"CameraProfile", heading::profile_and_look},
+    {"CameraProfile", heading::profile_and_look, "Adobe Standard"},
     {"Look", heading::profile_and_look},
+    {"OverrideLookVignette$", heading::profile_and_look},
     {"Amount$", heading::profile_and_look},
     {"RGBTable", heading::profile_and_look},
     {"Table_", heading::profile_and_look},
@@ -98,53 +133,52 @@ const key_rule rules[] = {
     {"BlueHue$", heading::profile_and_look},
     {"BlueSaturation$", heading::profile_and_look},
 
+    {"SharpenDetail$", heading::detail, "25"},
     {"Sharpen", heading::detail},
     {"Sharpness", heading::detail},
     {"LuminanceNoise", heading::detail},
     {"LuminanceSmoothing", heading::detail},
+    {"ColorNoiseReductionDetail$", heading::detail, "50"},
+    {"ColorNoiseReductionSmoothness$", heading::detail, "50"},
     {"ColorNoise", heading::detail},
     {"Texture", heading::detail},
-    {"Grain", heading::detail},
+    {"GrainAmount$", heading::detail},
+    {"GrainFrequency$", heading::detail, "50", "GrainAmount"},
+    {"Grain", heading::detail, nullptr, "GrainAmount"},
 
-    {"WhiteBalance", heading::colour},
+    // The mode of a white balance that Temperature or its relative key carries.
+    {"WhiteBalance", heading::colour, "As Shot", nullptr, "Temperature,IncrementalTemperature"},
+    {"GrayMixer", heading::colour, nullptr, "ConvertToGrayscale"},
+    {"Treatment$", heading::colour, "Color", nullptr, "ConvertToGrayscale"},
+    {"ColorGradeShadowHue$", heading::colour, nullptr, nullptr, "SplitToningShadowHue"},
+    {"ColorGradeShadowSat$", heading::colour, nullptr, nullptr, "SplitToningShadowSaturation"},
+    {"ColorGradeHighlightHue$", heading::colour, nullptr, nullptr, "SplitToningHighlightHue"},
+    {"ColorGradeHighlightSat$", heading::colour, nullptr, nullptr,
+     "SplitToningHighlightSaturation"},
+    {"ColorGradeBalance$", heading::colour, nullptr, nullptr, "SplitToningBalance"},
+    {"ColorGradeBlending$", heading::colour, "50", colour_grade_amounts},
+    {"ColorGrade", heading::colour},
+    {"SplitToning", heading::colour},
     {"Temperature", heading::colour},
     {"Tint", heading::colour},
-    {"IncrementalT", heading::colour},
-    {"GrayMixer", heading::colour},
     {"AutoGrayscaleMix", heading::colour},
-    {"ConvertToGrayscale", heading::colour},
-    {"SplitToning", heading::colour},
-    {"ColorGrade", heading::colour},
-    {"HueAdjustment", heading::colour},
-    {"SaturationAdjustment", heading::colour},
-    {"LuminanceAdjustment", heading::colour},
-    {"Vibrance", heading::colour},
-    {"Saturation$", heading::colour},
     {"PointColors", heading::colour},
+
+    {"PostCropVignetteAmount$", heading::other},
+    {"PostCropVignetteMidpoint$", heading::other, "50", "PostCropVignetteAmount"},
+    {"PostCropVignetteFeather$", heading::other, "50", "PostCropVignetteAmount"},
+    {"PostCropVignetteStyle$", heading::other, "1", "PostCropVignetteAmount"},
+    {"PostCropVignette", heading::other, nullptr, "PostCropVignetteAmount"},
+    {"ParametricShadowSplit$", heading::other, "25", parametric_sliders},
+    {"ParametricMidtoneSplit$", heading::other, "50", parametric_sliders},
+    {"ParametricHighlightSplit$", heading::other, "75", parametric_sliders},
+    // The name of a curve travels with its points; it alone stands for the curve
+    // only where the points are missing (see is_lost).
+    {"ToneCurveName", heading::other, "Linear"},
 };
 
-// Values that only act through another: a key starting with `prefix` sets nothing
-// while none of its governing keys does ("" ends the list), as the hues of a
-// defringe without amount or the mixer of a colour image.
-struct dependent_rule
-{
-    const char* prefix;
-    const char* governors[5];
-};
-
-const dependent_rule dependents[] = {
-    {"DefringePurpleHue", {"DefringePurpleAmount", ""}},
-    {"DefringeGreenHue", {"DefringeGreenAmount", ""}},
-    {"VignetteMidpoint", {"VignetteAmount", ""}},
-    {"PostCropVignette", {"PostCropVignetteAmount", ""}},
-    {"Grain", {"GrainAmount", ""}},
-    {"GrayMixer", {"ConvertToGrayscale", ""}},
-    {"LensProfile", {"LensProfileEnable", ""}},
-    {"Upright", {"PerspectiveUpright", ""}},
-    {"Crop", {"HasCrop", ""}},
-    {"Parametric",
-     {"ParametricShadows", "ParametricDarks", "ParametricLights", "ParametricHighlights", ""}},
-};
+// Keys no row names are "other".
+const key_rule unnamed{"", heading::other};
 
 bool matches(const QString& key, const char* pattern)
 {
@@ -155,49 +189,67 @@ bool matches(const QString& key, const char* pattern)
     return key.startsWith(QLatin1String(pattern));
 }
 
-heading heading_of(const QString& key)
+const key_rule& rule_of(const QString& key)
 {
     for (const key_rule& rule : rules) {
         if (matches(key, rule.pattern)) {
-            return rule.group;
+            return rule;
         }
     }
-    return heading::other;
+    return unnamed;
 }
 
-// A text that sets nothing: empty, false, a number equal to 0, or a white balance
-// left as shot.
-bool sets_nothing(const QString& text)
+bool sets_nothing(const QString& text, const char* neutral)
 {
     bool ok = false;
     const float number = text.toFloat(&ok);
-    return text.isEmpty() || (ok && number == 0.0f) ||
-           text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0 ||
-           text == QLatin1String("As Shot");
+    if (text.isEmpty() || (ok && number == 0.0f) ||
+        text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0) {
+        return true;
+    }
+    if (neutral == nullptr) {
+        return false;
+    }
+    bool neutral_is_number = false;
+    const float neutral_number = QString::fromLatin1(neutral).toFloat(&neutral_is_number);
+    return neutral_is_number ? ok && number == neutral_number : text == QLatin1String(neutral);
 }
 
 bool key_sets_nothing(const preset_settings& preset, const QString& key)
 {
-    return sets_nothing(value_or(preset.settings, key, QString()));
+    const auto it = preset.settings.constFind(key);
+    return it == preset.settings.constEnd() || sets_nothing(it.value(), rule_of(key).neutral);
 }
 
-bool governed_to_nothing(const preset_settings& preset, const QString& key)
+QStringList key_list(const char* keys)
 {
-    for (const dependent_rule& rule : dependents) {
-        if (!key.startsWith(QLatin1String(rule.prefix))) {
-            continue;
+    return keys == nullptr ? QStringList() : QString::fromLatin1(keys).split(QLatin1Char(','));
+}
+
+bool is_lost(const preset_settings& preset, const QSet<QString>& read_keys, const QString& key)
+{
+    const key_rule& rule = rule_of(key);
+    if (rule.group == heading::bookkeeping || read_keys.contains(key) ||
+        preset.foreign_keys.contains(key) || key_sets_nothing(preset, key)) {
+        return false;
+    }
+    if (key.startsWith(QLatin1String("ToneCurveName")) && !preset.tone_curve.isEmpty()) {
+        return false;
+    }
+    const QStringList same_as = key_list(rule.same_as);
+    for (const QString& other : same_as) {
+        if (read_keys.contains(other)) {
+            return false;
         }
-        bool governs_itself = false;
-        bool governor_sets_something = false;
-        for (const char* governor : rule.governors) {
-            if (*governor == '\0') {
-                break;
-            }
-            governs_itself = governs_itself || key == QLatin1String(governor);
-            governor_sets_something = governor_sets_something ||
-                                      !key_sets_nothing(preset, QLatin1String(governor));
+    }
+    if (rule.governors == nullptr) {
+        return true;
+    }
+    const QStringList governors = key_list(rule.governors);
+    for (const QString& governor : governors) {
+        if (!key_sets_nothing(preset, governor)) {
+            return true;
         }
-        return !governs_itself && !governor_sets_something;
     }
     return false;
 }
@@ -208,15 +260,14 @@ QVector<lost_group> lost_settings(const preset_settings& preset, const QSet<QStr
 {
     QMap<heading, QStringList> by_heading;
     for (auto it = preset.settings.constBegin(); it != preset.settings.constEnd(); ++it) {
-        const QString& key = it.key();
-        if (read_keys.contains(key) || sets_nothing(it.value()) ||
-            governed_to_nothing(preset, key)) {
-            continue;
+        if (is_lost(preset, read_keys, it.key())) {
+            by_heading[rule_of(it.key()).group].append(it.key());
         }
-        by_heading[heading_of(key)].append(key);
     }
+    // Settings map keys are sorted and unique; a dropped list may be named twice.
     for (const QString& list : preset.passed_over) {
-        QStringList& keys = by_heading[heading_of(list)];
+        const key_rule& rule = rule_of(list);
+        QStringList& keys = by_heading[rule.group];
         if (!keys.contains(list)) {
             keys.append(list);
         }

@@ -12,8 +12,7 @@ struct conversion_state;
 // whatever no read asked for, with no second list of keys to keep in step.
 
 // The stored text if `key` is present, even when it is empty; else `default_text`.
-QString source_text(const conversion_state& state, const QString& key,
-                    const QString& default_text);
+QString source_text(const conversion_state& state, const QString& key, const QString& default_text);
 
 // Whether the preset holds `key`. Presence alone carries no value, so it isn't
 // noted: every key whose presence decides something is read as well.

@@ -236,8 +236,7 @@ void map_tone_2012(conversion_state& state)
     const after_blacks next = apply_blacks_2012(state, points);
     // Presence alone counts here: a slider whose text does not parse still asks
     // for the curve.
-    if (next == after_blacks::write_curve ||
-        has_source_key(state, QStringLiteral("Shadows2012")) ||
+    if (next == after_blacks::write_curve || has_source_key(state, QStringLiteral("Shadows2012")) ||
         has_source_key(state, QStringLiteral("Highlights2012"))) {
         write_luma_curve(state, points);
     }
@@ -252,8 +251,7 @@ void map_clarity(conversion_state& state)
     const QString clarity = QStringLiteral("Clarity");
     std::optional<float> value;
     if (has_source_key(state, QStringLiteral("Clarity2012"))) {
-        value =
-            read_number(state, state.old_process ? clarity : QStringLiteral("Clarity2012"));
+        value = read_number(state, state.old_process ? clarity : QStringLiteral("Clarity2012"));
     } else if (state.old_process && has_source_key(state, clarity)) {
         value = read_number(state, clarity);
     }

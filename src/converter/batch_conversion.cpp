@@ -138,10 +138,10 @@ QString batch_conversion::style_location(const QString& target_name) const
     if (!packing_) {
         return QDir(options_.output_dir).filePath(target_name);
     }
-    const QString entry = options_.format == QLatin1String("stylepack_category")
-                              ? QFileInfo(options_.pack_path).completeBaseName() +
-                                    QLatin1Char('/') + target_name
-                              : target_name;
+    const QString entry =
+        options_.format == QLatin1String("stylepack_category")
+            ? QFileInfo(options_.pack_path).completeBaseName() + QLatin1Char('/') + target_name
+            : target_name;
     return options_.pack_path + QLatin1Char(':') + entry;
 }
 

@@ -94,8 +94,8 @@ QByteArray loss_report::json(const batch_summary& summary) const
     const QJsonObject counts{{QStringLiteral("converted"), summary.converted},
                              {QStringLiteral("skipped"), summary.skipped},
                              {QStringLiteral("failed"), summary.failed}};
-    return QJsonDocument(
-               QJsonObject{{QStringLiteral("presets"), presets}, {QStringLiteral("summary"), counts}})
+    return QJsonDocument(QJsonObject{{QStringLiteral("presets"), presets},
+                                     {QStringLiteral("summary"), counts}})
         .toJson(QJsonDocument::Indented);
 }
 

@@ -61,8 +61,9 @@ bool check_output_file(const QString& path, const QString& what, console_report&
     // whether the folder takes a file at all.
     QTemporaryFile probe(info.absoluteDir().filePath(QStringLiteral(".lookwright-XXXXXX")));
     if (!probe.open()) {
-        report.error(path, QStringLiteral("can't write in the %1's folder: %2")
-                               .arg(what, probe.errorString()));
+        report.error(
+            path,
+            QStringLiteral("can't write in the %1's folder: %2").arg(what, probe.errorString()));
         return false;
     }
     return true;
@@ -143,8 +144,8 @@ int main(int argc, char** argv)
     install_converter_log(nullptr, options.level);
     report.record_in(nullptr);
     // Where the output can't be written, no report is either: the error said why.
-    const bool report_written =
-        !reporting || !output_ready || write_report(options.report_path, losses.json(summary), report);
+    const bool report_written = !reporting || !output_ready ||
+                                write_report(options.report_path, losses.json(summary), report);
 
     if (!quiet) {
         std::printf("%d converted, %d skipped, %d failed", summary.converted, summary.skipped,

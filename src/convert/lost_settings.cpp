@@ -228,9 +228,12 @@ QStringList key_list(const char* keys)
 
 bool is_lost(const preset_settings& preset, const QSet<QString>& read_keys, const QString& key)
 {
+    // Most keys of a preset are read: they need no look at the rules.
+    if (read_keys.contains(key) || preset.foreign_keys.contains(key)) {
+        return false;
+    }
     const key_rule& rule = rule_of(key);
-    if (rule.group == heading::bookkeeping || read_keys.contains(key) ||
-        preset.foreign_keys.contains(key) || key_sets_nothing(preset, key)) {
+    if (rule.group == heading::bookkeeping || key_sets_nothing(preset, key)) {
         return false;
     }
     if (key.startsWith(QLatin1String("ToneCurveName")) && !preset.tone_curve.isEmpty()) {

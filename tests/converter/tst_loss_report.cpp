@@ -51,6 +51,38 @@ QJsonObject lost_object(const QString& line)
     return lost;
 }
 
+run_result run(const QTemporaryDir& dir, const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), dir.filePath(QStringLiteral("config")));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(dir.path());
+    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        return {};
+    }
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+// The report the run wrote, parsed; empty when it is missing or no JSON.
+QJsonObject read_report(const QTemporaryDir& dir, QByteArray* bytes = nullptr)
+{
+    QFile file(dir.filePath(QStringLiteral("report.json")));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QByteArray text = file.readAll();
+    if (bytes != nullptr) {
+        *bytes = text;
+    }
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    return error.error == QJsonParseError::NoError ? document.object() : QJsonObject();
+}
+
 } // namespace
 
 class tst_loss_report : public QObject
@@ -67,9 +99,6 @@ private slots:
     void report_path_faults();
 
 private:
-    run_result run(const QStringList& arguments);
-    QJsonObject read_report(QByteArray* bytes = nullptr);
-
     std::unique_ptr<QTemporaryDir> dir_;
 };
 
@@ -80,37 +109,6 @@ void tst_loss_report::init()
     for (const char* folder : {"in", "out", "config"}) {
         QDir(dir_->path()).mkpath(QLatin1String(folder));
     }
-}
-
-run_result tst_loss_report::run(const QStringList& arguments)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), dir_->filePath(QStringLiteral("config")));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(dir_->path());
-    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        return {};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-QJsonObject tst_loss_report::read_report(QByteArray* bytes)
-{
-    QFile file(dir_->filePath(QStringLiteral("report.json")));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QByteArray text = file.readAll();
-    if (bytes != nullptr) {
-        *bytes = text;
-    }
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    return error.error == QJsonParseError::NoError ? document.object() : QJsonObject();
 }
 
 void tst_loss_report::lost_settings_data()
@@ -172,11 +170,11 @@ void tst_loss_report::lost_settings()
     test_support::write_file(dir_->filePath(QStringLiteral("in")), name, contents);
     const QString input = QStringLiteral("in/") + name;
     const run_result result =
-        run({QStringLiteral("-v"), QStringLiteral("-o"), QStringLiteral("out"),
-             QStringLiteral("--report"), QStringLiteral("report.json"), input});
+        run(*dir_, {QStringLiteral("-v"), QStringLiteral("-o"), QStringLiteral("out"),
+                    QStringLiteral("--report"), QStringLiteral("report.json"), input});
     QCOMPARE(result.exit_code, 0);
 
-    const QJsonArray presets = read_report().value(QStringLiteral("presets")).toArray();
+    const QJsonArray presets = read_report(*dir_).value(QStringLiteral("presets")).toArray();
     QCOMPARE(presets.size(), 1);
     QCOMPARE(presets[0].toObject().value(QStringLiteral("lost")).toObject(), lost_object(lost));
 
@@ -235,12 +233,12 @@ void tst_loss_report::entry_per_outcome()
         options + QStringList{QStringLiteral("--report"), QStringLiteral("report.json"),
                               QStringLiteral("in/") + name};
     // Separate styles go to "out".
-    run(options.contains(QStringLiteral("-f"))
-            ? arguments
-            : QStringList{QStringLiteral("-o"), QStringLiteral("out")} + arguments);
+    run(*dir_, options.contains(QStringLiteral("-f"))
+                   ? arguments
+                   : QStringList{QStringLiteral("-o"), QStringLiteral("out")} + arguments);
 
     QByteArray bytes;
-    const QJsonObject report = read_report(&bytes);
+    const QJsonObject report = read_report(*dir_, &bytes);
     // Written as Qt writes it, so every object's keys stand in sorted order.
     QCOMPARE(bytes, QJsonDocument(report).toJson(QJsonDocument::Indented));
     QJsonObject preset = report.value(QStringLiteral("presets")).toArray().at(0).toObject();
@@ -270,8 +268,8 @@ void tst_loss_report::report_path_faults()
     test_support::write_file(dir_->filePath(QStringLiteral("in")), QStringLiteral("W.lrtemplate"),
                              develop_template("Exposure2012 = 0.5,"));
     const run_result result =
-        run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("--report"), report,
-             QStringLiteral("in/W.lrtemplate")});
+        run(*dir_, {QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("--report"), report,
+                    QStringLiteral("in/W.lrtemplate")});
     QCOMPARE(result.exit_code, exit_code);
     QVERIFY2(result.err.contains(message), qPrintable(result.err));
     // The path is checked before anything is converted.

@@ -1,5 +1,6 @@
 // Speed of the core's steps, each on its own: reading, tables, conversion, writing.
 
+#include "convert/lost_settings.h"
 #include "convert/lut_3d.h"
 #include "convert/lut_set.h"
 #include "output/style_document.h"
@@ -118,8 +119,10 @@ void write_document(benchmark::State& state)
 }
 BENCHMARK(write_document)->Unit(benchmark::kMicrosecond);
 
-// The road of one preset once the tables are loaded: read, inspect, convert, write.
-void whole_preset(benchmark::State& state)
+// The road of one preset once the tables are loaded: read, inspect, convert, write;
+// when `telling_losses`, with the keys read gathered and what is lost sorted out,
+// as --report and -v do.
+void preset_road(benchmark::State& state, bool telling_losses)
 {
     const lut_set first;
     const QString path = bench_data("typical.lrtemplate");
@@ -132,11 +135,27 @@ void whole_preset(benchmark::State& state)
         bool calibration = false;
         luts.inspect_preset(preset, white_balance, rgb_table, calibration);
         QString out;
-        luts.convert_preset(preset, &out, QStringLiteral("srgb"));
+        QSet<QString> read_keys;
+        luts.convert_preset(preset, &out, QStringLiteral("srgb"),
+                            telling_losses ? &read_keys : nullptr);
+        if (telling_losses) {
+            benchmark::DoNotOptimize(lost_settings(preset, read_keys).size());
+        }
         benchmark::DoNotOptimize(out.toUtf8().size());
     }
 }
+
+void whole_preset(benchmark::State& state)
+{
+    preset_road(state, false);
+}
 BENCHMARK(whole_preset)->Unit(benchmark::kMicrosecond);
+
+void whole_preset_telling_losses(benchmark::State& state)
+{
+    preset_road(state, true);
+}
+BENCHMARK(whole_preset_telling_losses)->Unit(benchmark::kMicrosecond);
 
 void stylepack_of_100(benchmark::State& state)
 {

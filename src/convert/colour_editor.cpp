@@ -3,6 +3,7 @@
 #include "convert/conversion_state.h"
 #include "convert/number_text.h"
 #include "convert/range_mapping.h"
+#include "convert/source_values.h"
 
 #include <QVector>
 
@@ -89,22 +90,18 @@ float scale_slider(float value, scale_bounds bounds)
 
 } // namespace
 
-colour_adjustments read_colour_adjustments(const preset_settings& preset, const QString& colour,
+colour_adjustments read_colour_adjustments(const conversion_state& state, const QString& colour,
                                            bool& any_colour_value)
 {
     const QString suffix = colour.left(1).toUpper() + colour.mid(1);
     const auto read = [&](const char* prefix) {
         const QString key = QLatin1String(prefix) + suffix;
-        if (!preset.settings.contains(key)) {
-            return 0.0f;
-        }
-        bool ok = false;
-        const float value = value_or(preset.settings, key, QString()).toFloat(&ok);
-        if (!ok) {
+        const std::optional<float> value = read_number(state, key);
+        if (!value) {
             return 0.0f;
         }
         any_colour_value = true;
-        return value;
+        return *value;
     };
     colour_adjustments adjustments;
     adjustments.hue = read("HueAdjustment");
@@ -120,22 +117,20 @@ void map_saturation(conversion_state& state)
 
 void map_colour_editor(conversion_state& state)
 {
-    const preset_settings& preset = state.preset;
     const QString key = QStringLiteral("ColorCorrections");
 
     // A Vibrance key counts as a colour value even when it is 0 or unreadable.
     bool any_colour_value = false;
     float vibrance = 0.0f;
-    if (preset.settings.contains(QStringLiteral("Vibrance"))) {
-        const float value =
-            value_or(preset.settings, QStringLiteral("Vibrance"), QString()).toFloat();
+    if (has_source_key(state, QStringLiteral("Vibrance"))) {
+        const float value = source_text(state, QStringLiteral("Vibrance"), QString()).toFloat();
         any_colour_value = true;
         vibrance = two_sided_scale(value, 100.0f, 80.0f, 80.0f);
     }
 
     QVector<colour_adjustments> adjustments;
     for (const colour_record& record : colour_records()) {
-        adjustments.append(read_colour_adjustments(preset, record.colour, any_colour_value));
+        adjustments.append(read_colour_adjustments(state, record.colour, any_colour_value));
     }
     if (!any_colour_value) {
         state.values[key] = closing_record();

@@ -3,7 +3,6 @@
 #include <QString>
 
 struct conversion_state;
-struct preset_settings;
 
 // Lightroom's eight colour groups become records of the style's colour editor,
 // ColorCorrections: a list of 18-field records of which the conversion fills only
@@ -19,7 +18,7 @@ struct colour_adjustments
 // The hue, saturation and luminance adjustments of one lower-case colour name
 // ("red", "orange", ...), read from HueAdjustment<Colour> and its kin. A key that
 // is absent or unreadable gives 0; a key that parses sets `any_colour_value`.
-colour_adjustments read_colour_adjustments(const preset_settings& preset, const QString& colour,
+colour_adjustments read_colour_adjustments(const conversion_state& state, const QString& colour,
                                            bool& any_colour_value);
 
 // The global saturation, copied as it is.

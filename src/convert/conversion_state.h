@@ -4,6 +4,7 @@
 #include "output/style_document.h"
 #include "preset/preset_settings.h"
 
+#include <QSet>
 #include <QString>
 
 class lut_set;
@@ -30,4 +31,6 @@ struct conversion_state
     bool grayscale = false;
     bool old_process = false;
     style_values values;
+    // When the caller asked: every key the stages read, through source_values.h.
+    QSet<QString>* read_keys = nullptr;
 };

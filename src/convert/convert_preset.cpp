@@ -4,6 +4,7 @@
 #include "convert/detail_effects.h"
 #include "convert/lut_set.h"
 #include "convert/monochrome_mix.h"
+#include "convert/source_values.h"
 #include "convert/split_toning.h"
 #include "convert/tone_mapping.h"
 #include "convert/white_balance.h"
@@ -15,9 +16,9 @@
 
 namespace {
 
-bool is_grayscale(const preset_settings& preset)
+bool is_grayscale(const conversion_state& state)
 {
-    return value_or(preset.settings, QStringLiteral("ConvertToGrayscale"), QStringLiteral("False"))
+    return source_text(state, QStringLiteral("ConvertToGrayscale"), QStringLiteral("False"))
                .toLower() == QLatin1String("true");
 }
 
@@ -53,7 +54,7 @@ void identify_preset(conversion_state& state)
 {
     const preset_settings& preset = state.preset;
     state.values[QStringLiteral("Name")] =
-        preset.name.isEmpty() ? value_or(preset.settings, QStringLiteral("about"), QString())
+        preset.name.isEmpty() ? source_text(state, QStringLiteral("about"), QString())
                               : preset.name;
     state.values[QStringLiteral("UUID")] = QUuid::createUuid().toString().mid(1, 36).toUpper();
 }
@@ -67,7 +68,7 @@ void decide_process(conversion_state& state)
                                            "Exposure",   "FillLights", "HighlightRecovery",
                                            "Shadows"};
     for (const char* key : old_keys) {
-        if (state.preset.settings.contains(QLatin1String(key))) {
+        if (has_source_key(state, QLatin1String(key))) {
             state.old_process = true;
             return;
         }
@@ -84,10 +85,11 @@ bool lut_set::convert_preset(const preset_settings& preset, QString* out) const
 }
 
 bool lut_set::convert_preset(const preset_settings& preset, QString* out,
-                             const QString& colour_space) const
+                             const QString& colour_space, QSet<QString>* read_keys) const
 {
-    conversion_state state{preset, *this, colour_space, {}, is_grayscale(preset), false, {}};
+    conversion_state state{preset, *this, colour_space, {}, false, false, {}, read_keys};
     state.strategy = choose_strategy(colour_space, *this);
+    state.grayscale = is_grayscale(state);
 
     // The stages, in their fixed order. A later stage's store to a key replaces an
     // earlier one's, so this order decides, for instance, that the 2012 tone keys

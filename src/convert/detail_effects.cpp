@@ -11,7 +11,7 @@ namespace {
 
 bool has(const conversion_state& state, const char* key)
 {
-    return state.preset.settings.contains(QLatin1String(key));
+    return has_source_key(state, QLatin1String(key));
 }
 
 // The style's grain types by size. Type 3 is skipped on purpose: no source size
@@ -55,9 +55,9 @@ void map_vignette(conversion_state& state)
         return;
     }
     const std::optional<float> amount_value =
-        read_number(state.preset, QStringLiteral("PostCropVignetteAmount"));
+        read_number(state, QStringLiteral("PostCropVignetteAmount"));
     const std::optional<float> roundness_value =
-        read_number(state.preset, QStringLiteral("PostCropVignetteRoundness"));
+        read_number(state, QStringLiteral("PostCropVignetteRoundness"));
     if (!amount_value || !roundness_value) {
         return;
     }
@@ -76,7 +76,7 @@ void map_grain(conversion_state& state)
     if (!has(state, "GrainAmount") || !has(state, "GrainSize")) {
         return;
     }
-    const std::optional<float> size = read_number(state.preset, QStringLiteral("GrainSize"));
+    const std::optional<float> size = read_number(state, QStringLiteral("GrainSize"));
     if (!size) {
         return;
     }
@@ -95,7 +95,7 @@ void map_dehaze(conversion_state& state)
     }
     // The two signs have slopes of their own (0.5 upward, 2 downward), and only a
     // negative dehaze names a colour. Presets converted before rely on both.
-    const float value = number_or(state.preset, QStringLiteral("Dehaze"), QStringLiteral("0"));
+    const float value = number_or(state, QStringLiteral("Dehaze"), QStringLiteral("0"));
     if (value >= 0.0f) {
         const float amount = value * 0.5f;
         const float cut = amount > 100.0f ? 100.0f : (amount <= 0.0f ? 0.0f : amount);

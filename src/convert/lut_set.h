@@ -3,6 +3,7 @@
 #include "convert/lut_3d.h"
 #include "preset/preset_settings.h"
 
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -26,8 +27,10 @@ public:
     bool convert_preset(const preset_settings& preset, QString* out) const;
 
     // The same, for a colour space given by the caller; the settings are not read.
-    bool convert_preset(const preset_settings& preset, QString* out,
-                        const QString& colour_space) const;
+    // With `read_keys`, adds to it every key of the preset's settings that a stage
+    // asked for the value of: the keys not in it reach no part of the style.
+    bool convert_preset(const preset_settings& preset, QString* out, const QString& colour_space,
+                        QSet<QString>* read_keys = nullptr) const;
 
     // Tells whether the preset holds settings that a style can't carry faithfully;
     // sets a flag to true and never back, so the caller clears them first. White

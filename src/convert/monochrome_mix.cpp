@@ -20,8 +20,7 @@ float cut_to_hundred(float value)
 // An absent or unreadable mixer slider stands at 0.
 float mixer(const conversion_state& state, const char* colour)
 {
-    return read_number(state.preset, QLatin1String("GrayMixer") + QLatin1String(colour))
-        .value_or(0.0f);
+    return read_number(state, QLatin1String("GrayMixer") + QLatin1String(colour)).value_or(0.0f);
 }
 
 } // namespace

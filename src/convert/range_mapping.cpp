@@ -9,7 +9,7 @@
 void copy_scaled(conversion_state& state, const QString& source_key, const QString& target_key,
                  float in_min, float in_max, float out_min, float out_max)
 {
-    const std::optional<float> value = read_number(state.preset, source_key);
+    const std::optional<float> value = read_number(state, source_key);
     if (!value) {
         return;
     }
@@ -35,7 +35,7 @@ float two_sided_scale(float value, float bound, float negative, float positive)
 
 void copy_as_fixed(conversion_state& state, const QString& source_key, const QString& target_key)
 {
-    if (const std::optional<float> value = read_number(state.preset, source_key)) {
+    if (const std::optional<float> value = read_number(state, source_key)) {
         state.values[target_key] = six_decimal(*value);
     }
 }

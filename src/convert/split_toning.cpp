@@ -20,10 +20,10 @@ struct slider
     bool present = false;
 };
 
-slider read_slider(const preset_settings& preset, const char* key)
+slider read_slider(const conversion_state& state, const char* key)
 {
     const QString name = QLatin1String(key);
-    return {read_number(preset, name).value_or(0.0f), preset.settings.contains(name)};
+    return {read_number(state, name).value_or(0.0f), has_source_key(state, name)};
 }
 
 // The shadows only ever darken, down to three quarters. Raising the darks does
@@ -99,16 +99,15 @@ QString triple_text(const colour_factors& triple, float factor)
 
 void map_split_toning(conversion_state& state)
 {
-    const preset_settings& preset = state.preset;
-    const slider shadow_hue = read_slider(preset, "SplitToningShadowHue");
-    const slider shadow_saturation = read_slider(preset, "SplitToningShadowSaturation");
-    const slider highlight_hue = read_slider(preset, "SplitToningHighlightHue");
-    const slider highlight_saturation = read_slider(preset, "SplitToningHighlightSaturation");
-    const slider balance = read_slider(preset, "SplitToningBalance");
-    const slider shadows = read_slider(preset, "ParametricShadows");
-    const slider darks = read_slider(preset, "ParametricDarks");
-    const slider lights = read_slider(preset, "ParametricLights");
-    const slider highlights = read_slider(preset, "ParametricHighlights");
+    const slider shadow_hue = read_slider(state, "SplitToningShadowHue");
+    const slider shadow_saturation = read_slider(state, "SplitToningShadowSaturation");
+    const slider highlight_hue = read_slider(state, "SplitToningHighlightHue");
+    const slider highlight_saturation = read_slider(state, "SplitToningHighlightSaturation");
+    const slider balance = read_slider(state, "SplitToningBalance");
+    const slider shadows = read_slider(state, "ParametricShadows");
+    const slider darks = read_slider(state, "ParametricDarks");
+    const slider lights = read_slider(state, "ParametricLights");
+    const slider highlights = read_slider(state, "ParametricHighlights");
 
     // The hues go through the sRGB table whatever the target space, so a preset
     // tones alike in every strategy.

@@ -86,7 +86,7 @@ struct tone_points
 // point down towards 0.15.
 void apply_shadows_2012(conversion_state& state, tone_points& points)
 {
-    const std::optional<float> value = read_number(state.preset, QStringLiteral("Shadows2012"));
+    const std::optional<float> value = read_number(state, QStringLiteral("Shadows2012"));
     if (!value) {
         return;
     }
@@ -102,7 +102,7 @@ void apply_shadows_2012(conversion_state& state, tone_points& points)
 // negative ones lower the second point too, and in "raw" also recover highlights.
 void apply_highlights_2012(conversion_state& state, tone_points& points)
 {
-    const std::optional<float> value = read_number(state.preset, QStringLiteral("Highlights2012"));
+    const std::optional<float> value = read_number(state, QStringLiteral("Highlights2012"));
     if (!value) {
         return;
     }
@@ -140,7 +140,7 @@ enum class after_blacks
 // lead to the curve being written.
 after_blacks apply_blacks_2012(conversion_state& state, tone_points& points)
 {
-    const std::optional<float> value = read_number(state.preset, QStringLiteral("Blacks2012"));
+    const std::optional<float> value = read_number(state, QStringLiteral("Blacks2012"));
     if (!value) {
         return after_blacks::check_presence;
     }
@@ -167,9 +167,9 @@ after_blacks apply_blacks_2012(conversion_state& state, tone_points& points)
 void write_luma_curve(conversion_state& state, const tone_points& points)
 {
     const QString zero = QStringLiteral("0");
-    const float h = number_or(state.preset, QStringLiteral("Highlights2012"), zero);
-    const float s = number_or(state.preset, QStringLiteral("Shadows2012"), zero);
-    const float b = number_or(state.preset, QStringLiteral("Blacks2012"), zero);
+    const float h = number_or(state, QStringLiteral("Highlights2012"), zero);
+    const float s = number_or(state, QStringLiteral("Shadows2012"), zero);
+    const float b = number_or(state, QStringLiteral("Blacks2012"), zero);
     const QString key = QStringLiteral("GradationCurveY");
     if (h == 0.0f && s == 0.0f && b == 0.0f) {
         state.values[key] = QStringLiteral("0.0000,0.0000;1.0000,1.0000");
@@ -185,7 +185,7 @@ void write_luma_curve(conversion_state& state, const tone_points& points)
 // below 0 they lower the white output and the midtone.
 void apply_whites_2012(conversion_state& state)
 {
-    const std::optional<float> value = read_number(state.preset, QStringLiteral("Whites2012"));
+    const std::optional<float> value = read_number(state, QStringLiteral("Whites2012"));
     if (!value) {
         return;
     }
@@ -219,7 +219,7 @@ void map_old_tone(conversion_state& state)
     copy_ranges(state, old_tone_ranges);
 
     // Shadows of 0 or below still store the pair, with level 0.
-    if (const std::optional<float> value = read_number(state.preset, QStringLiteral("Shadows"))) {
+    if (const std::optional<float> value = read_number(state, QStringLiteral("Shadows"))) {
         const float v = *value;
         store_shadow(state, v > 42.0f ? full_shadow_level
                                       : (v > 0.0f ? (v / 42.0f) * full_shadow_level : 0.0f));
@@ -236,9 +236,8 @@ void map_tone_2012(conversion_state& state)
     const after_blacks next = apply_blacks_2012(state, points);
     // Presence alone counts here: a slider whose text does not parse still asks
     // for the curve.
-    if (next == after_blacks::write_curve ||
-        state.preset.settings.contains(QStringLiteral("Shadows2012")) ||
-        state.preset.settings.contains(QStringLiteral("Highlights2012"))) {
+    if (next == after_blacks::write_curve || has_source_key(state, QStringLiteral("Shadows2012")) ||
+        has_source_key(state, QStringLiteral("Highlights2012"))) {
         write_luma_curve(state, points);
     }
     apply_whites_2012(state);
@@ -251,11 +250,10 @@ void map_clarity(conversion_state& state)
     // even though Clarity2012 has a value.
     const QString clarity = QStringLiteral("Clarity");
     std::optional<float> value;
-    if (state.preset.settings.contains(QStringLiteral("Clarity2012"))) {
-        value =
-            read_number(state.preset, state.old_process ? clarity : QStringLiteral("Clarity2012"));
-    } else if (state.old_process && state.preset.settings.contains(clarity)) {
-        value = read_number(state.preset, clarity);
+    if (has_source_key(state, QStringLiteral("Clarity2012"))) {
+        value = read_number(state, state.old_process ? clarity : QStringLiteral("Clarity2012"));
+    } else if (state.old_process && has_source_key(state, clarity)) {
+        value = read_number(state, clarity);
     }
     if (!value) {
         return;

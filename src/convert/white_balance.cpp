@@ -58,13 +58,13 @@ float cut_temperature(float t)
 // A temperature from Temperature, or else from IncrementalTemperature. A
 // Temperature that is present but unreadable means no temperature at all: the
 // relative key is not consulted then (unlike the tint pair).
-std::optional<float> read_temperature(const preset_settings& preset)
+std::optional<float> read_temperature(const conversion_state& state)
 {
-    if (preset.settings.contains(QStringLiteral("Temperature"))) {
-        return read_number(preset, QStringLiteral("Temperature"));
+    if (has_source_key(state, QStringLiteral("Temperature"))) {
+        return read_number(state, QStringLiteral("Temperature"));
     }
     if (const std::optional<float> v =
-            read_number(preset, QStringLiteral("IncrementalTemperature"))) {
+            read_number(state, QStringLiteral("IncrementalTemperature"))) {
         return map_to_points(*v, relative_temperature_table());
     }
     return std::nullopt;
@@ -72,9 +72,9 @@ std::optional<float> read_temperature(const preset_settings& preset)
 
 // The tint on the style's scale of -50..50, before the offset. The absolute
 // slider spans -150..150, the relative one -100..100.
-std::optional<float> read_tint(const preset_settings& preset)
+std::optional<float> read_tint(const conversion_state& state)
 {
-    if (const std::optional<float> tint = read_number(preset, QStringLiteral("Tint"))) {
+    if (const std::optional<float> tint = read_number(state, QStringLiteral("Tint"))) {
         const float v = *tint;
         if (v > 150.0f) {
             return 50.0f;
@@ -87,7 +87,7 @@ std::optional<float> read_tint(const preset_settings& preset)
         }
         return (v / 150.0f) * 50.0f;
     }
-    if (const std::optional<float> tint = read_number(preset, QStringLiteral("IncrementalTint"))) {
+    if (const std::optional<float> tint = read_number(state, QStringLiteral("IncrementalTint"))) {
         const float v = *tint;
         if (v > 100.0f) {
             return 50.0f;
@@ -132,13 +132,13 @@ void map_white_balance(conversion_state& state)
     bool temperature_stored = false;
     bool tint_stored = false;
 
-    if (const std::optional<float> t = read_temperature(state.preset)) {
+    if (const std::optional<float> t = read_temperature(state)) {
         shift = get_tint_shift(*t, state.colour_space);
         state.values[QStringLiteral("WhiteBalanceTemperature")] =
             six_significant(cut_temperature(*t));
         temperature_stored = true;
     }
-    if (const std::optional<float> u = read_tint(state.preset)) {
+    if (const std::optional<float> u = read_tint(state)) {
         const float tint = *u + shift;
         const float cut = tint > 50.0f ? 50.0f : (tint <= -50.0f ? -50.0f : tint);
         state.values[QStringLiteral("WhiteBalanceTint")] = six_decimal(cut);

@@ -3,10 +3,12 @@
 #include "converter/console_report.h"
 #include "converter/converter_log.h"
 #include "converter/disk_flush.h"
+#include "converter/loss_report.h"
 #include "converter/preset_contents.h"
 #include "converter/preset_intake.h"
 #include "converter/preset_pack.h"
 #include "converter/replacing_write.h"
+#include "convert/lost_settings.h"
 #include "convert/lut_set.h"
 #include "output/stylepack.h"
 
@@ -36,7 +38,7 @@ batch_summary batch_conversion::run(const QStringList& files)
         if (QFileInfo(files[i]).suffix().toLower() == QLatin1String("zip")) {
             convert_pack(files[i], summary);
         } else {
-            count(convert_one(preset_source::file(files[i])), summary);
+            convert_recorded(preset_source::file(files[i]), summary);
         }
         report_.progress(i + 1, files.size());
     }
@@ -44,9 +46,13 @@ batch_summary batch_conversion::run(const QStringList& files)
     summary.read_as_lua = read_as_lua_;
 
     bool on_disk = true;
+    QString lost_reason;
     if (packing_ && !stylepack_documents_.isEmpty()) {
-        on_disk =
-            write_archive() && flushed(QFileInfo(options_.pack_path).path(), {options_.pack_path});
+        on_disk = write_archive();
+        if (!on_disk) {
+            lost_reason = QStringLiteral("the archive could not be written");
+        }
+        on_disk = on_disk && flushed(QFileInfo(options_.pack_path).path(), {options_.pack_path});
     } else if (!written_.isEmpty()) {
         on_disk = flushed(options_.output_dir, written_);
     }
@@ -54,8 +60,39 @@ batch_summary batch_conversion::run(const QStringList& files)
         // None of the converted presets is known to be on the disk.
         summary.failed += summary.converted;
         summary.converted = 0;
+        if (losses_ != nullptr) {
+            losses_->unwrite_all(lost_reason.isEmpty()
+                                     ? QStringLiteral("the styles could not be flushed to the disk")
+                                     : lost_reason);
+        }
     }
     return summary;
+}
+
+void batch_conversion::convert_recorded(const preset_source& source, batch_summary& summary)
+{
+    if (losses_ != nullptr) {
+        losses_->open(source.name);
+    }
+    const outcome result = convert_one(source);
+    count(result, summary);
+    if (losses_ != nullptr) {
+        static const char* const words[] = {"converted", "skipped", "failed"};
+        losses_->set_outcome(source.name, QLatin1String(words[static_cast<int>(result)]));
+    }
+}
+
+void batch_conversion::fail_recorded(const QString& name, const QString& reason,
+                                     batch_summary& summary)
+{
+    if (losses_ != nullptr) {
+        losses_->open(name);
+    }
+    report_.error(name, reason);
+    ++summary.failed;
+    if (losses_ != nullptr) {
+        losses_->set_outcome(name, QStringLiteral("failed"));
+    }
 }
 
 void batch_conversion::count(outcome result, batch_summary& summary)
@@ -81,11 +118,10 @@ void batch_conversion::convert_pack(const QString& path, batch_summary& summary)
         const preset_source source = preset_source::entry(path, entry.name, entry.bytes);
         switch (entry.state) {
         case pack_entry::status::read:
-            count(convert_one(source), summary);
+            convert_recorded(source, summary);
             break;
         case pack_entry::status::refused:
-            report_.error(source.name, entry.error);
-            ++summary.failed;
+            fail_recorded(source.name, entry.error, summary);
             break;
         case pack_entry::status::nested_archive:
             report_.warning(source.name,
@@ -95,8 +131,7 @@ void batch_conversion::convert_pack(const QString& path, batch_summary& summary)
         }
     });
     if (!failure.isEmpty()) {
-        report_.error(path, failure);
-        ++summary.failed;
+        fail_recorded(path, failure, summary);
     } else if (entries == 0) {
         report_.warning(path, QStringLiteral("holds no .xmp or .lrtemplate presets"));
     }
@@ -134,15 +169,51 @@ batch_conversion::outcome batch_conversion::convert_one(const preset_source& sou
 
     const lut_set luts;
     QString document;
-    if (!luts.convert_preset(preset, &document, options_.colour_space)) {
+    // The keys read are gathered only when someone will be told what is lost.
+    const bool telling_losses =
+        losses_ != nullptr || options_.level == converter_options::verbosity::verbose;
+    QSet<QString> read_keys;
+    if (!luts.convert_preset(preset, &document, options_.colour_space,
+                             telling_losses ? &read_keys : nullptr)) {
         report_.error(path, QStringLiteral("the preset could not be converted"));
         return outcome::failed;
+    }
+    if (telling_losses) {
+        tell_losses(path, preset, read_keys);
     }
     if (skipped_as_empty(source, preset, document, intake.has_develop_attributes, luts) ||
         skipped_for_warnings(path, preset, luts)) {
         return outcome::skipped;
     }
     return deliver(source, document) ? outcome::converted : outcome::failed;
+}
+
+void batch_conversion::tell_losses(const QString& path, const preset_settings& preset,
+                                   const QSet<QString>& read_keys)
+{
+    const QVector<lost_group> lost = lost_settings(preset, read_keys);
+    if (losses_ != nullptr) {
+        losses_->set_lost(path, lost);
+    }
+    if (lost.isEmpty()) {
+        qInfo("Every setting is carried into the style");
+    } else {
+        qInfo("Not carried into the style: %s", qUtf8Printable(lost_line(lost)));
+    }
+}
+
+// Where the style of `target_name` goes: a file in the output folder, or an
+// entry of the archive, named "archive:entry" as write_stylepack names it.
+QString batch_conversion::style_location(const QString& target_name) const
+{
+    if (!packing_) {
+        return QDir(options_.output_dir).filePath(target_name);
+    }
+    const QString entry =
+        options_.format == QLatin1String("stylepack_category")
+            ? QFileInfo(options_.pack_path).completeBaseName() + QLatin1Char('/') + target_name
+            : target_name;
+    return options_.pack_path + QLatin1Char(':') + entry;
 }
 
 bool batch_conversion::skipped_as_empty(const preset_source& source, const preset_settings& preset,
@@ -214,11 +285,16 @@ bool batch_conversion::deliver(const preset_source& source, const QString& docum
     const QString target_name =
         QFileInfo(source.file_name).completeBaseName() + QStringLiteral(".costyle");
     note_collision(source.name, target_name);
+    bool delivered = true;
     if (packing_) {
         stylepack_documents_.insert(target_name, document.toUtf8());
-        return true;
+    } else {
+        delivered = save_separate(source.name, target_name, document);
     }
-    return save_separate(source.name, target_name, document);
+    if (delivered && losses_ != nullptr) {
+        losses_->set_style(source.name, style_location(target_name));
+    }
+    return delivered;
 }
 
 void batch_conversion::note_collision(const QString& path, const QString& target_name)

@@ -4,10 +4,12 @@
 
 #include <QHash>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
 class console_report;
+class loss_report;
 class lut_set;
 struct preset_settings;
 struct preset_source;
@@ -38,6 +40,9 @@ public:
     // and, in the stylepack formats, writes the archive after the last one.
     batch_summary run(const QStringList& files);
 
+    // What became of each preset goes to `losses` as well (--report).
+    void record_in(loss_report* losses) { losses_ = losses; }
+
 private:
     enum class outcome
     {
@@ -47,6 +52,14 @@ private:
     };
 
     outcome convert_one(const preset_source& source);
+    // convert_one, counted, and its outcome recorded for the report.
+    void convert_recorded(const preset_source& source, batch_summary& summary);
+    // A preset (or archive) that failed before it could be read, said and recorded.
+    void fail_recorded(const QString& name, const QString& reason, batch_summary& summary);
+    // Names what of the preset its style doesn't carry, in -v's log and the report.
+    void tell_losses(const QString& path, const preset_settings& preset,
+                     const QSet<QString>& read_keys);
+    QString style_location(const QString& target_name) const;
     void convert_pack(const QString& path, batch_summary& summary);
     void count(outcome result, batch_summary& summary);
     // True when the preset's style would hold nothing of the preset; says so.
@@ -64,6 +77,7 @@ private:
 
     const converter_options& options_;
     console_report& report_;
+    loss_report* losses_ = nullptr;
     bool packing_ = false;
     int read_as_lua_ = 0;
     // The style of an empty preset without Name and UUID; made when first needed.

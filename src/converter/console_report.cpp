@@ -1,5 +1,6 @@
 #include "converter/console_report.h"
 
+#include "converter/loss_report.h"
 #include "converter/terminal_text.h"
 
 #include <cstdio>
@@ -23,12 +24,16 @@ console_report::console_report(bool show_progress, bool quiet)
 
 void console_report::error(const QString& file, const QString& reason)
 {
+    if (losses_ != nullptr) {
+        losses_->note_error(file, reason);
+    }
     clear_bar();
     write_line("error", file, reason);
 }
 
 void console_report::warning(const QString& file, const QString& reason)
 {
+    keep(file, reason);
     if (quiet_) {
         return;
     }
@@ -40,6 +45,13 @@ void console_report::log_line(const char* kind, const QString& file, const QStri
 {
     clear_bar();
     write_line(kind, file, text);
+}
+
+void console_report::keep(const QString& file, const QString& text)
+{
+    if (losses_ != nullptr) {
+        losses_->note_warning(file, text);
+    }
 }
 
 void console_report::progress(int done, int total)

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class loss_report;
+
 // The converter's voice on the terminal. Messages go to standard error, one line
 // each, "lookwright-convert: <kind>: <file>: <text>"; on a terminal a progress bar
 // may stand on the last line, and every message first clears it, so bar and
@@ -18,6 +20,11 @@ public:
     // `file` (none when empty).
     void log_line(const char* kind, const QString& file, const QString& text);
 
+    // Every error and warning about a file also goes to `losses` (none: nullptr),
+    // a quiet report's too, and so do the core's warnings that keep() is given.
+    void record_in(loss_report* losses) { losses_ = losses; }
+    void keep(const QString& file, const QString& text);
+
     void progress(int done, int total);
     void finish_progress();
 
@@ -27,4 +34,5 @@ private:
     bool show_progress_;
     bool quiet_;
     bool bar_visible_ = false;
+    loss_report* losses_ = nullptr;
 };

@@ -67,7 +67,9 @@ QString readable(const QString& message)
 
 void converter_message_handler(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
-    if (active_report == nullptr || !shown(type)) {
+    // A warning belongs in the report whether the terminal shows it or not.
+    const bool warns = severity(type) >= severity(QtWarningMsg);
+    if (active_report == nullptr || (!warns && !shown(type))) {
         return;
     }
     QString text = readable(message);
@@ -75,7 +77,12 @@ void converter_message_handler(QtMsgType type, const QMessageLogContext&, const 
         text = text.left(longest_line) +
                QStringLiteral("... (%1 more characters)").arg(text.size() - longest_line);
     }
-    active_report->log_line(kind_word(type), active_file, text);
+    if (warns) {
+        active_report->keep(active_file, text);
+    }
+    if (shown(type)) {
+        active_report->log_line(kind_word(type), active_file, text);
+    }
 }
 
 } // namespace

@@ -36,6 +36,11 @@ parse_result parse_converter_options(const QStringList& arguments,
                                   QStringLiteral("The archive to write in the two stylepack "
                                                  "formats."),
                                   QStringLiteral("FILE"));
+    const QCommandLineOption report(
+        QStringLiteral("report"),
+        QStringLiteral("Write a JSON report to FILE: per preset its style or why none, its "
+                       "warnings, and the settings the style doesn't carry."),
+        QStringLiteral("FILE"));
     const QCommandLineOption skip_white_balance(
         QStringLiteral("skip-white-balance"),
         QStringLiteral("Skip presets that modify the white balance."));
@@ -51,13 +56,14 @@ parse_result parse_converter_options(const QStringList& arguments,
     const QCommandLineOption quiet({QStringLiteral("q"), QStringLiteral("quiet")},
                                    QStringLiteral("Errors only."));
     const QCommandLineOption verbose({QStringLiteral("v"), QStringLiteral("verbose")},
-                                     QStringLiteral("The whole log."));
+                                     QStringLiteral("The whole log, and per preset the settings "
+                                                    "its style doesn't carry."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Show this help."));
     const QCommandLineOption version(QStringLiteral("version"),
                                      QStringLiteral("Show the version."));
-    parser.addOptions({output, colour_space, format, pack, skip_white_balance, skip_unsupported,
-                       skip_calibration, strict, quiet, verbose, help, version});
+    parser.addOptions({output, colour_space, format, pack, report, skip_white_balance,
+                       skip_unsupported, skip_calibration, strict, quiet, verbose, help, version});
     parser.addPositionalArgument(QStringLiteral("PRESET|PACK|FOLDER"),
                                  QStringLiteral("Presets, preset packs (.zip), or folders "
                                                 "searched for both."),
@@ -103,6 +109,10 @@ parse_result parse_converter_options(const QStringList& arguments,
     if (!packing && parser.isSet(pack)) {
         return {parse_outcome::usage_error,
                 QStringLiteral("--pack goes with --format stylepack or stylepack_category.")};
+    }
+    options.report_path = parser.value(report);
+    if (parser.isSet(report) && options.report_path.isEmpty()) {
+        return {parse_outcome::usage_error, QStringLiteral("The report file is empty.")};
     }
     if (parser.isSet(quiet) && parser.isSet(verbose)) {
         return {parse_outcome::usage_error,

@@ -18,6 +18,8 @@ struct converter_options
     QString colour_space;
     QString format = QStringLiteral("separate");
     QString pack_path;
+    // Where --report writes what each preset loses; empty for no report.
+    QString report_path;
     bool skip_white_balance = false;
     bool skip_unsupported = false;
     bool skip_calibration = false;

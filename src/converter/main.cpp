@@ -6,12 +6,14 @@
 #include "converter/console_report.h"
 #include "converter/converter_log.h"
 #include "converter/converter_options.h"
+#include "converter/loss_report.h"
 #include "converter/preset_files.h"
 #include "orn/message_handler.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 #include <QTemporaryFile>
 
@@ -43,23 +45,35 @@ bool prepare_output_folder(const QString& folder, console_report& report)
     return true;
 }
 
-bool check_pack_path(const QString& pack_path, console_report& report)
+// `what` names the file in messages: "archive", "report".
+bool check_output_file(const QString& path, const QString& what, console_report& report)
 {
-    const QFileInfo info(pack_path);
+    const QFileInfo info(path);
     if (info.isDir()) {
-        report.error(pack_path, QStringLiteral("the archive path is a folder"));
+        report.error(path, QStringLiteral("the %1 path is a folder").arg(what));
         return false;
     }
     if (!info.absoluteDir().exists()) {
-        report.error(pack_path, QStringLiteral("the archive's folder doesn't exist"));
+        report.error(path, QStringLiteral("the %1's folder doesn't exist").arg(what));
         return false;
     }
-    // The archive is written only after every preset is converted; find out now
+    // The file is written only after every preset is converted; find out now
     // whether the folder takes a file at all.
     QTemporaryFile probe(info.absoluteDir().filePath(QStringLiteral(".lookwright-XXXXXX")));
     if (!probe.open()) {
-        report.error(pack_path,
-                     QStringLiteral("can't write in the archive's folder: ") + probe.errorString());
+        report.error(
+            path,
+            QStringLiteral("can't write in the %1's folder: %2").arg(what, probe.errorString()));
+        return false;
+    }
+    return true;
+}
+
+bool write_report(const QString& path, const QByteArray& json, console_report& report)
+{
+    QSaveFile out(path);
+    if (!out.open(QIODevice::WriteOnly) || out.write(json) != json.size() || !out.commit()) {
+        report.error(path, QStringLiteral("can't write the report: ") + out.errorString());
         return false;
     }
     return true;
@@ -99,16 +113,27 @@ int main(int argc, char** argv)
                                       "such a setting (identity table, no tint offset)"));
     }
     const bool packing = options.format != QLatin1String("separate");
-    const bool output_ready = packing ? check_pack_path(options.pack_path, report)
-                                      : prepare_output_folder(options.output_dir, report);
+    const bool reporting = !options.report_path.isEmpty();
+    const bool output_ready =
+        (packing ? check_output_file(options.pack_path, QStringLiteral("archive"), report)
+                 : prepare_output_folder(options.output_dir, report)) &&
+        (!reporting || check_output_file(options.report_path, QStringLiteral("report"), report));
 
+    loss_report losses;
+    if (reporting) {
+        report.record_in(&losses);
+    }
     batch_summary summary;
     for (const QString& missing : inputs.missing) {
+        losses.open(missing);
+        losses.set_outcome(missing, QStringLiteral("failed"));
         report.error(missing, QStringLiteral("no such file or folder"));
         ++summary.failed;
     }
     if (output_ready) {
-        const batch_summary converted = batch_conversion(options, report).run(inputs.files);
+        batch_conversion batch(options, report);
+        batch.record_in(reporting ? &losses : nullptr);
+        const batch_summary converted = batch.run(inputs.files);
         summary.converted = converted.converted;
         summary.skipped = converted.skipped;
         summary.failed += converted.failed;
@@ -117,6 +142,10 @@ int main(int argc, char** argv)
         summary.failed += inputs.files.size();
     }
     install_converter_log(nullptr, options.level);
+    report.record_in(nullptr);
+    // Where the output can't be written, no report is either: the error said why.
+    const bool report_written = !reporting || !output_ready ||
+                                write_report(options.report_path, losses.json(summary), report);
 
     if (!quiet) {
         std::printf("%d converted, %d skipped, %d failed", summary.converted, summary.skipped,
@@ -127,5 +156,5 @@ int main(int argc, char** argv)
         }
         std::printf("\n");
     }
-    return summary.failed > 0 ? 1 : 0;
+    return summary.failed > 0 || !report_written ? 1 : 0;
 }

@@ -264,8 +264,8 @@ private:
             step();
         } else if (key.startsWith(curve_key_prefix)) {
             parse_curve(key);
-        } else {
-            parse_table(table_use::store);
+        } else if (parse_table(table_use::store) == table_use::skip) {
+            out_.passed_over.append(key);
         }
         // An operator behind a stored table would make its entries belong to an
         // expression; Lua could only fail on running that.
@@ -274,8 +274,10 @@ private:
         }
     }
 
-    // The cursor stands on `{`. Leaves it behind the closing `}`.
-    void parse_table(table_use use)
+    // The cursor stands on `{`. Leaves it behind the closing `}`. Tells how the
+    // table was taken in the end: a table to store turns out to be skipped when it
+    // is an array of tables.
+    table_use parse_table(table_use use)
     {
         const int open_line = current_.line;
         step();
@@ -324,6 +326,7 @@ private:
                     ? QStringLiteral("a value without a key passed over")
                     : QStringLiteral("%1 values without a key passed over").arg(positional_values));
         }
+        return use;
     }
 
     // The cursor stands on `{` of a curve key's value: whole numbers, x and y in

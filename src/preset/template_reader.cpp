@@ -184,6 +184,7 @@ void parse_table(token_cursor& cursor, preset_settings& out, bool top_level)
                     read_curve(cursor, out, key);
                     expect(cursor, token_type::rbrace);
                 } else if (cursor.current().type == token_type::lbrace) {
+                    out.passed_over.append(key.toString());
                     skip_array_of_tables(cursor);
                 } else {
                     ++nested_levels;

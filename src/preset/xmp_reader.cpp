@@ -8,6 +8,10 @@
 
 namespace {
 
+// The namespace of the develop settings and their lists, and RDF's own.
+const QLatin1String develop_namespace("http://ns.adobe.com/camera-raw-settings/1.0/");
+const QLatin1String rdf_namespace("http://www.w3.org/1999/02/22-rdf-syntax-ns#");
+
 // The text of the current element with that of all its descendants, as
 // QXmlStreamReader::readElementText(IncludeChildElements) gives it. That one recurses
 // once per nested element; this walk keeps only a count, so a file's depth can't
@@ -107,6 +111,9 @@ void read_description_children(QXmlStreamReader& reader, preset_settings& out)
             read_curve(reader, out.tone_curve_blue, "ToneCurvePV2012Blue -> ");
         } else {
             qDebug() << "Skipping" << name;
+            if (reader.namespaceUri() == develop_namespace) {
+                out.passed_over.append(name.toString());
+            }
             reader.skipCurrentElement();
         }
     }
@@ -182,6 +189,13 @@ void load_xmp_from(preset_settings& out, QIODevice& device)
         const QString name = attribute.name().toString();
         const QString value = attribute.value().toString();
         out.settings.insert(name, value);
+        // A photo's metadata is in any namespace but these two (rdf:about names the
+        // Description). A preset has none, and the set stays empty at no cost.
+        if (attribute.namespaceUri() == develop_namespace) {
+            out.foreign_keys.remove(name);
+        } else if (attribute.namespaceUri() != rdf_namespace) {
+            out.foreign_keys.insert(name);
+        }
         qDebug() << name << "->" << value;
     }
 

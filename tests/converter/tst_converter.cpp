@@ -54,29 +54,9 @@ QByteArray xmp_preset(const QByteArray& name, const QByteArray& attributes = QBy
            "</x:xmpmeta>\n";
 }
 
-struct run_result
-{
-    int exit_code = -1;
-    QString out;
-    QString err;
-};
-
-QByteArray read_all(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// A document with its UUID blanked, so that two conversions of one preset compare equal.
-QByteArray without_uuid(QByteArray document)
-{
-    const int at = document.indexOf("K=\"UUID\" V=\"");
-    if (at >= 0) {
-        document.replace(at + 12, 36, QByteArray(36, '-'));
-    }
-    return document;
-}
-
+using run_result = test_support::process_result;
+using test_support::read_all;
+using test_support::without_uuid;
 // A small tmpfs mounted for the life of the object, to stand for a full or a
 // read-only disk. Needs the right to mount; `mounted()` says whether it worked.
 class scoped_mount
@@ -156,20 +136,7 @@ void tst_converter::init()
 
 run_result tst_converter::run(const QStringList& arguments)
 {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config_home_);
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(dir_->path());
-    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        return {};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return test_support::run_program(QStringLiteral(LOOKWRIGHT_CONVERTER), dir_->path(), arguments);
 }
 
 QString tst_converter::input(const QString& name, const QByteArray& contents)

@@ -32,11 +32,7 @@ QByteArray xmp_preset(const QByteArray& attributes, const QByteArray& children =
            "</x:xmpmeta>\n";
 }
 
-struct run_result
-{
-    int exit_code = -1;
-    QString err;
-};
+using run_result = test_support::process_result;
 
 // The -v line's "heading: a, b; heading: c" as the report's "lost" object.
 QJsonObject lost_object(const QString& line)
@@ -53,18 +49,7 @@ QJsonObject lost_object(const QString& line)
 
 run_result run(const QTemporaryDir& dir, const QStringList& arguments)
 {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), dir.filePath(QStringLiteral("config")));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(dir.path());
-    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        return {};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardError())};
+    return test_support::run_program(QStringLiteral(LOOKWRIGHT_CONVERTER), dir.path(), arguments);
 }
 
 // The report the run wrote, parsed; empty when it is missing or no JSON.

@@ -109,29 +109,9 @@ bool craft(const QString& path, const QString& how, const QByteArray& entry)
     return file.write(bytes) == bytes.size();
 }
 
-struct run_result
-{
-    int exit_code = -1;
-    QString out;
-    QString err;
-};
-
-QByteArray read_all(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// A document with its UUID blanked, so that two conversions of one preset compare equal.
-QByteArray without_uuid(QByteArray document)
-{
-    const int at = document.indexOf("K=\"UUID\" V=\"");
-    if (at >= 0) {
-        document.replace(at + 12, 36, QByteArray(36, '-'));
-    }
-    return document;
-}
-
+using run_result = test_support::process_result;
+using test_support::read_all;
+using test_support::without_uuid;
 } // namespace
 
 class tst_preset_packs : public QObject
@@ -172,23 +152,8 @@ void tst_preset_packs::init()
 
 run_result tst_preset_packs::run(const QStringList& arguments, const QProcessEnvironment& extra)
 {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), dir_->filePath(QStringLiteral("config")));
-    for (const QString& key : extra.keys()) {
-        environment.insert(key, extra.value(key));
-    }
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(dir_->path());
-    process.start(QStringLiteral(LOOKWRIGHT_CONVERTER), arguments);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        return {};
-    }
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return test_support::run_program(QStringLiteral(LOOKWRIGHT_CONVERTER), dir_->path(), arguments,
+                                     extra);
 }
 
 void tst_preset_packs::pack_data()

@@ -3,7 +3,9 @@
 #include "orn/message_handler.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QXmlStreamReader>
@@ -200,6 +202,45 @@ QString write_file(const QString& dir, const QString& name, const QByteArray& co
         file.write(contents);
     }
     return path;
+}
+
+QByteArray read_all(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray without_uuid(QByteArray document)
+{
+    const int at = document.indexOf("K=\"UUID\" V=\"");
+    if (at >= 0) {
+        document.replace(at + 12, 36, QByteArray(36, '-'));
+    }
+    return document;
+}
+
+process_result run_program(const QString& program, const QString& folder,
+                           const QStringList& arguments, const QProcessEnvironment& extra)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       QDir(folder).filePath(QStringLiteral("config")));
+    for (const QString& key : extra.keys()) {
+        environment.insert(key, extra.value(key));
+    }
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(program, arguments);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
 }
 
 } // namespace test_support

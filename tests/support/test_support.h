@@ -2,6 +2,7 @@
 
 #include "preset/preset_settings.h"
 
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -70,5 +71,27 @@ bool write_archive(const QString& path, const QVector<archive_entry>& entries);
 
 // Writes `contents` to a new file in `dir` and returns its path.
 QString write_file(const QString& dir, const QString& name, const QByteArray& contents);
+
+// The whole file, or nothing if it can't be read.
+QByteArray read_all(const QString& path);
+
+// A document with its UUID blanked, so that two conversions of one preset compare equal.
+QByteArray without_uuid(QByteArray document);
+
+// How a run of a program ended and what it printed; exit_code is -1 when it
+// crashed or had to be killed after a minute.
+struct process_result
+{
+    int exit_code = -1;
+    QString out;
+    QString err;
+};
+
+// Runs `program` with `arguments` in `folder`, as a user would from a terminal
+// there, with its settings in `folder`/config (so that nothing reaches the real
+// ones) and `extra` added to the environment; standard input is closed.
+process_result run_program(const QString& program, const QString& folder,
+                           const QStringList& arguments,
+                           const QProcessEnvironment& extra = QProcessEnvironment());
 
 } // namespace test_support

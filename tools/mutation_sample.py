@@ -231,7 +231,12 @@ def build(build_dir, tests):
     """Builds the core and the given test executables, nothing else."""
     cmd = ["nice", "-n", "10", "cmake", "--build", build_dir, "-j", "2", "--target",
            "lookwright_core"] + tests
-    return run(cmd).returncode == 0
+    result = run(cmd)
+    if result.returncode != 0:
+        # The compiler's last words, so that a mutant that does not build can be told
+        # from a build that broke for another reason.
+        print("\n".join(result.stdout.splitlines()[-15:]), file=sys.stderr)
+    return result.returncode == 0
 
 
 def failing_tests(build_dir, tests, timeout, stop_early):

@@ -202,6 +202,8 @@ y")")
         << QStringList{"line 1: '=' expected near 'world'"};
     QTest::newRow("bare value Lua can't read") << QByteArray("a = 12abc") << QStringList() << none
         << QStringList{"line 1: malformed number near '12abc'"};
+    QTest::newRow("exponent without digits") << QByteArray("a = 1e") << QStringList() << none
+        << QStringList{"line 1: malformed number near '1e'"};
     QTest::newRow("comment where a value is due") << QByteArray("a = --3\n") << QStringList() << none
         << QStringList{"line 2: unexpected symbol near end of file"};
     QTest::newRow("unary plus") << QByteArray("a = +3") << QStringList() << none

@@ -7,6 +7,7 @@
 #
 #   bench/startup.sh BUILD_DIR [RUNS]
 set -euo pipefail
+source "$(dirname "$0")/../tools/xvfb_scratch.sh"
 
 # Inner mode, run inside dbus-run-session: start PROGRAM, poll until a visible
 # window of that process with the title is there, stop it, and print the wall
@@ -38,21 +39,10 @@ build=$(cd "${1:?usage: startup.sh BUILD_DIR [RUNS]}" && pwd)
 runs=${2:-10}
 self=$(cd "$(dirname "$0")" && pwd)/$(basename "$0")
 
-# A display number nobody uses.
-n=90
-while [[ -e /tmp/.X11-unix/X$n || -e /tmp/.X$n-lock ]]; do n=$((n + 1)); done
-Xvfb ":$n" -screen 0 1600x1000x24 -nolisten tcp -noreset > /dev/null 2>&1 &
-xvfb=$!
-scratch=$(mktemp -d)
-trap 'kill $xvfb 2> /dev/null || true; rm -rf "$scratch"' EXIT
-for _ in $(seq 100); do
-    [[ -e /tmp/.X11-unix/X$n ]] && break
-    sleep 0.05
-done
+start_xvfb_with_scratch
 
-export DISPLAY=":$n" HOME="$scratch" XDG_CONFIG_HOME="$scratch/.config"
+export DISPLAY="$display" HOME="$scratch" XDG_CONFIG_HOME="$scratch/.config"
 export XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORMTHEME=
-mkdir -m 700 "$XDG_RUNTIME_DIR"
 unset QT_QPA_PLATFORM
 
 median() { sort -n | awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }

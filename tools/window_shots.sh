@@ -6,24 +6,16 @@
 #
 #   tools/window_shots.sh BUILD_DIR OUT_DIR
 set -euo pipefail
+source "$(dirname "$0")/xvfb_scratch.sh"
 
 build=$(cd "${1:?usage: window_shots.sh BUILD_DIR OUT_DIR}" && pwd)
 mkdir -p "${2:?usage: window_shots.sh BUILD_DIR OUT_DIR}"
 out=$(cd "$2" && pwd)
 
 if [[ "${3:-}" != "--inside" ]]; then
-    n=90
-    while [[ -e /tmp/.X11-unix/X$n || -e /tmp/.X$n-lock ]]; do n=$((n + 1)); done
-    Xvfb ":$n" -screen 0 1600x1000x24 -nolisten tcp -noreset > /dev/null 2>&1 &
-    xvfb=$!
-    scratch=$(mktemp -d)
-    trap 'kill $xvfb 2> /dev/null || true; rm -rf "$scratch"' EXIT
-    for _ in $(seq 100); do
-        [[ -e /tmp/.X11-unix/X$n ]] && break
-        sleep 0.05
-    done
-    mkdir -p "$scratch/Pictures" && mkdir -m 700 "$scratch/runtime"
-    env -u QT_QPA_PLATFORM DISPLAY=":$n" HOME="$scratch" XDG_CONFIG_HOME="$scratch/.config" \
+    start_xvfb_with_scratch
+    mkdir -p "$scratch/Pictures"
+    env -u QT_QPA_PLATFORM DISPLAY="$display" HOME="$scratch" XDG_CONFIG_HOME="$scratch/.config" \
         XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORMTHEME= \
         dbus-run-session -- "$0" "$build" "$out" --inside
     exit

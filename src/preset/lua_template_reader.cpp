@@ -3,8 +3,6 @@
 #include "preset/lua_lexer.h"
 #include "preset/template_reader.h"
 
-#include <QFile>
-#include <QTextStream>
 #include <QtDebug>
 
 #include <cmath>
@@ -539,22 +537,10 @@ void parse_lua_template(preset_settings& out, const QString& text)
 
 void load_lua_template(preset_settings& out, const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return;
-    }
-    load_lua_template_from(out, file);
+    load_template_file(out, path, parse_lua_template);
 }
 
 void load_lua_template_from(preset_settings& out, QIODevice& device)
 {
-    // Decoded as the braced form's reader decodes, so that both see the same text.
-    QTextStream stream(&device);
-    const QString text = stream.readAll();
-    if (text.contains(QLatin1String("s.value.settings = {}"))) {
-        parse_line_template(out, text);
-    } else {
-        parse_lua_template(out, text);
-    }
-    out.name = value_or(out.settings, QStringLiteral("title"), QString());
+    load_template_device(out, device, parse_lua_template);
 }

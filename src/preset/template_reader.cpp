@@ -282,16 +282,16 @@ void parse_line_template(preset_settings& out, const QString& text)
     }
 }
 
-void load_template(preset_settings& out, const QString& path)
+void load_template_file(preset_settings& out, const QString& path, braced_parser parse_braced)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    load_template_from(out, file);
+    load_template_device(out, file, parse_braced);
 }
 
-void load_template_from(preset_settings& out, QIODevice& device)
+void load_template_device(preset_settings& out, QIODevice& device, braced_parser parse_braced)
 {
     // No codec is set: the stream decodes as the locale says.
     QTextStream stream(&device);
@@ -299,7 +299,17 @@ void load_template_from(preset_settings& out, QIODevice& device)
     if (text.contains(QLatin1String("s.value.settings = {}"))) {
         parse_line_template(out, text);
     } else {
-        parse_block_template(out, text);
+        parse_braced(out, text);
     }
     out.name = value_or(out.settings, QStringLiteral("title"), QString());
+}
+
+void load_template(preset_settings& out, const QString& path)
+{
+    load_template_file(out, path, parse_block_template);
+}
+
+void load_template_from(preset_settings& out, QIODevice& device)
+{
+    load_template_device(out, device, parse_block_template);
 }

@@ -53,6 +53,13 @@ void load_template(preset_settings& out, const QString& path);
 // The same from a device open for reading, at its start.
 void load_template_from(preset_settings& out, QIODevice& device);
 
+// A template's text in either form, with `parse_braced` reading the braced form:
+// the designed reader and the converter's Lua reader decode, tell the forms apart
+// and take the title alike, and differ only there.
+using braced_parser = void (*)(preset_settings& out, const QString& text);
+void load_template_file(preset_settings& out, const QString& path, braced_parser parse_braced);
+void load_template_device(preset_settings& out, QIODevice& device, braced_parser parse_braced);
+
 // The braced form: the whole text is read as the inside of a table without braces.
 void parse_block_template(preset_settings& out, const QString& text);
 

@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <exception>
+#include <stdexcept>
 
 namespace {
 
@@ -54,7 +54,7 @@ preset_read_result read_preset(const QString& name, QIODevice& device, preset_se
         case reader::none:
             return {preset_read_status::unsupported_format, QString()};
         }
-    } catch (const std::exception& e) {
+    } catch (const std::runtime_error& e) {
         return {preset_read_status::failed, QString::fromUtf8(e.what())};
     }
     return {};

@@ -107,6 +107,7 @@ private slots:
     void missing_output_folder_is_silent();
     void stylepack_tail_data();
     void stylepack_tail();
+    void nothing_collected_asks_for_no_archive();
     void window_writes_what_the_converter_writes_data();
     void window_writes_what_the_converter_writes();
 
@@ -427,6 +428,7 @@ void tst_conversion_run::same_base_name_later_wins()
         write_preset("a.lrtemplate", template_preset("from template", QByteArray()))};
     const QString pack = dir_->filePath("out/pack.costylepack");
 
+    const test_support::log_capture log;
     modal_answerer boxes;
     boxes.expect(modal_answerer::choose_files(paths));
     if (format != "separate") {
@@ -437,6 +439,8 @@ void tst_conversion_run::same_base_name_later_wins()
     QByteArray document;
     if (format == "separate") {
         QCOMPARE(written_styles(), QStringList{"a.costyle"});
+        const QString line = "Wrote '" + dir_->filePath("out/a.costyle") + "'";
+        QCOMPARE(log.messages(QtInfoMsg), (QStringList{line, line}));
         document = read_all(dir_->filePath("out/a.costyle"));
     } else {
         const QVector<test_support::archive_entry> entries = test_support::read_archive(pack);
@@ -528,6 +532,25 @@ void tst_conversion_run::stylepack_tail()
     QCOMPARE(names, entries);
     // The styles went into the archive and nowhere else.
     QCOMPARE(written_styles(), pack.isEmpty() ? QStringList() : QStringList{save_as});
+}
+
+// A run that collects nothing asks for no archive.
+void tst_conversion_run::nothing_collected_asks_for_no_archive()
+{
+    QSettings().setValue("format", "stylepack");
+    const QStringList paths{write_preset("Warm.xmp", xmp_preset("Warm", {"wb"})),
+                            write_preset("notes.txt", "not a preset")};
+    modal_answerer boxes;
+    boxes.expect(modal_answerer::choose_files(paths));
+    queue(boxes, {"Skip", "OK"});
+    run(boxes);
+
+    QStringList titles;
+    for (const modal_answerer::seen_dialog& dialog : boxes.seen()) {
+        titles << dialog.title;
+    }
+    QCOMPARE(titles.mid(1), (QStringList{kind_titles.value("wb"), "Unsupported preset format"}));
+    QCOMPARE(written_styles(), QStringList());
 }
 
 void tst_conversion_run::window_writes_what_the_converter_writes_data()

@@ -2,27 +2,13 @@
 // event loop runs; closing the window ends the program.
 
 #include "app/app_resources.h"
+#include "app/catalogues.h"
 #include "app/main_window.h"
 #include "orn/application.h"
 #include "orn/application_log.h"
 #include "orn/current_language.h"
 #include "orn/message_handler.h"
 #include "orn/proxy_style.h"
-
-#include <QLibraryInfo>
-#include <QTranslator>
-
-namespace {
-
-// A catalogue that is missing or fails to load leaves the texts in English.
-void install_translator(QCoreApplication& app, const QString& name, const QString& folder = {})
-{
-    auto* translator = new QTranslator(&app);
-    static_cast<void>(translator->load(name, folder));
-    QCoreApplication::installTranslator(translator);
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -54,10 +40,8 @@ int main(int argc, char** argv)
     // next start.
     const QString lang = orn::current_language(QStringLiteral("lang"));
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    install_translator(app, QStringLiteral("qt_") + lang,
-                       QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    install_translator(app, QStringLiteral(":/translations/") + lang);
-    install_translator(app, QStringLiteral(":/translations/toolkit_") + lang);
+    // English has no catalogues of its own: what is missing stays English.
+    static_cast<void>(install_catalogues(lang));
 
     // From here on every console line also reaches the log window.
     if (orn::application_log::instance() == nullptr) {

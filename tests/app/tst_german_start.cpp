@@ -1,4 +1,5 @@
 #include "app/app_resources.h"
+#include "app/catalogues.h"
 #include "app/main_window.h"
 
 #include "orn/widget_layer.h"
@@ -8,14 +9,12 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QPushButton>
 #include <QSettings>
-#include <QTranslator>
 #include <QtTest>
 
-// A start in German, with the three catalogues loaded the way the program loads
-// them: Qt's, the program's and the toolkit's. The window and its dialogs must
+// A start in German, with the three catalogues loaded by the program's own function:
+// Qt's, the program's and the toolkit's. The window and its dialogs must
 // speak German, except for the texts that have no German row and stay English
 // (the folder dialog's title here; the catalogue check covers the others).
 class tst_german_start : public QObject
@@ -40,14 +39,7 @@ void tst_german_start::initTestCase()
     orn::install_widget_layer();
     test_support::use_test_settings();
     QSettings().setValue(QStringLiteral("lang"), QStringLiteral("de"));
-    const QStringList catalogues{
-        QLibraryInfo::location(QLibraryInfo::TranslationsPath) + QStringLiteral("/qt_de"),
-        QStringLiteral(":/translations/de"), QStringLiteral(":/translations/toolkit_de")};
-    for (const QString& catalogue : catalogues) {
-        auto* translator = new QTranslator(qApp);
-        QVERIFY2(translator->load(catalogue), qPrintable(catalogue));
-        QCoreApplication::installTranslator(translator);
-    }
+    QCOMPARE(install_catalogues(QStringLiteral("de")), QStringList());
     window = std::make_unique<MainWindow>(nullptr);
 }
 

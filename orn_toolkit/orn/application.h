@@ -10,7 +10,7 @@ namespace orn {
 // The application object of a program with one main window. While the window is
 // alive and visible it sees every event the application receives, after the
 // application has handled it; it owns nothing but a guarded pointer to it.
-template <typename W>
+template<typename W>
 class application : public QApplication
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace orn {
 
-button_combobox::combo_box_widget::combo_box_widget(QWidget* parent) : QWidget(parent) {}
+button_combobox_popup::button_combobox_popup(QWidget* parent) : QWidget(parent) {}
 
 button_combobox::button_combobox(QWidget* parent) : QComboBox(parent) {}
 

@@ -6,6 +6,17 @@
 
 namespace orn {
 
+// The widget that a button_combobox shows and hides; made by the owner and placed
+// in the window, below the button. It stands outside the button's class, where moc
+// can give it a meta object, and the button names it combo_box_widget.
+class button_combobox_popup : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit button_combobox_popup(QWidget* parent = nullptr);
+};
+
 // A combo box that looks like whatever its paint callback draws and, instead of
 // (or besides) its list, toggles a widget of its own below it.
 class button_combobox : public QComboBox
@@ -13,14 +24,7 @@ class button_combobox : public QComboBox
     Q_OBJECT
 
 public:
-    // The widget that the button shows and hides; made by the owner and placed
-    // in the window, below the button. moc can't handle a nested class, and this
-    // one adds no signals or slots, so it goes without Q_OBJECT.
-    class combo_box_widget : public QWidget
-    {
-    public:
-        explicit combo_box_widget(QWidget* parent = nullptr);
-    };
+    using combo_box_widget = button_combobox_popup;
 
     explicit button_combobox(QWidget* parent = nullptr);
 

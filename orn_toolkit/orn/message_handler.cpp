@@ -1,6 +1,7 @@
 #include "orn/message_handler.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -27,6 +28,17 @@ const QString libpng_srgb_warning =
 std::ostream& stream_for(QtMsgType type)
 {
     return type == QtCriticalMsg || type == QtFatalMsg ? std::cerr : std::cout;
+}
+
+// The name a user knows the program by. A program with a window may give it a
+// display name of its own; that lives in the Gui module, out of this library's
+// reach, but the application object carries it as a property.
+QString display_name()
+{
+    const QCoreApplication* const app = QCoreApplication::instance();
+    const QString shown =
+        app != nullptr ? app->property("applicationDisplayName").toString() : QString();
+    return shown.isEmpty() ? QCoreApplication::applicationName() : shown;
 }
 
 } // namespace
@@ -80,7 +92,7 @@ void message_handler(QtMsgType type, const QMessageLogContext& context, const QS
 
     if (type == QtFatalMsg && fatal_message_hook) {
         fatal_message_hook(QObject::tr("%1 encountered a fatal error and must be terminated:\n%2")
-                               .arg(QCoreApplication::applicationName(), message),
+                               .arg(display_name(), message),
                            QObject::tr("Fatal error"));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "orn/message_handler.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QString>
 
@@ -16,7 +17,11 @@ namespace orn {
 
 void show_fatal_message(const QString& text, const QString& title)
 {
-    QMessageBox::critical(nullptr, title, text, QMessageBox::Ok);
+    // A box needs a widget application; a headless program that links the layer
+    // keeps its console line alone.
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr) {
+        QMessageBox::critical(nullptr, title, text, QMessageBox::Ok);
+    }
 }
 
 void install_widget_layer()

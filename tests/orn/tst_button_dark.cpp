@@ -63,8 +63,8 @@ class tst_button_dark : public QObject
 private slots:
     void initTestCase();
 
-    void sheet_follows_flags_data();
-    void sheet_follows_flags();
+    void whole_sheets_data();
+    void whole_sheets();
     void text_color_replaces_disabled_piece();
     void em_padding_flag_drops_only_its_piece();
     void checked_icon_drops_checked_style_at_next_rebuild();
@@ -91,80 +91,122 @@ void tst_button_dark::initTestCase()
     QVERIFY(temp_dir().isValid());
 }
 
-void tst_button_dark::sheet_follows_flags_data()
+void tst_button_dark::whole_sheets_data()
 {
+    QTest::addColumn<QString>("kind");
     QTest::addColumn<bool>("checked_style");
     QTest::addColumn<bool>("pressed_style");
-    QTest::addColumn<bool>("frame");
-    QTest::addColumn<bool>("highlight");
     QTest::addColumn<QString>("base");
     QTest::addColumn<QString>("alignment");
     QTest::addColumn<int>("padding");
+    QTest::addColumn<bool>("coloured");
+    QTest::addColumn<QString>("sheet");
 
-    QTest::newRow("defaults") << true << true << false << true << "dark"
-                              << "center" << 0;
-    QTest::newRow("no checked style") << false << true << false << true << "dark"
-                                      << "center" << 0;
-    QTest::newRow("no pressed style") << true << false << false << true << "dark"
-                                      << "center" << 0;
-    QTest::newRow("neither style") << false << false << false << true << "dark"
-                                   << "center" << 0;
-    QTest::newRow("frame and no highlight leave the sheet")
-        << true << true << true << false << "dark"
-        << "center" << 0;
-    QTest::newRow("header base") << true << true << false << true << "header"
-                                 << "center" << 0;
-    QTest::newRow("left alignment") << true << true << false << true << "dark"
-                                    << "left" << 0;
-    QTest::newRow("padding") << true << true << false << true << "blank"
-                             << "right" << 7;
+    QTest::newRow("dark, both pieces")
+        << "dark" << true << true << "dark"
+        << "center" << 0 << false
+        << QStringLiteral(
+               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/dark_normal.png) 3 stretch;text-align:center;;"
+               "background:transparent;padding: 0.25em 1em;}"
+               "QPushButton::hover{color:#f0f0f0;}"
+               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+               "background-color:rgb(47,47,47);}"
+               "QPushButton::checked{border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/dark_pressed.png) 3 stretch;}"
+               "QPushButton::pressed{border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/dark_pressed.png) 3 stretch;}"
+               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+    QTest::newRow("dark, header image, left, padding and colour, pressed piece only")
+        << "dark" << false << true << "header"
+        << "left" << 7 << true
+        << QStringLiteral(
+               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/header_normal.png) 3 stretch;text-align:left;"
+               "padding-left: 7px; padding-right: "
+               "7px;color:rgba(10,20,30,40);;background:transparent;"
+               "padding: 0.25em 1em;}"
+               "QPushButton::hover{color:#f0f0f0;}"
+               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+               "background-color:rgb(47,47,47);}"
+               "QPushButton::pressed{border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/header_pressed.png) 3 stretch;}"
+               "QPushButton::disabled{color:rgba(10,20,30,50%);}");
+    QTest::newRow("dark, blank image, right, neither piece")
+        << "dark" << false << false << "blank"
+        << "right" << 0 << false
+        << QStringLiteral(
+               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/blank_normal.png) 3 stretch;text-align:right;;"
+               "background:transparent;padding: 0.25em 1em;}"
+               "QPushButton::hover{color:#f0f0f0;}"
+               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+               "background-color:rgb(47,47,47);}"
+               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+    QTest::newRow("flat: nothing to fill, its own pieces")
+        << "flat" << true << true << "header"
+        << "left" << 9 << false
+        << QStringLiteral(
+               "QPushButton{color:rgb(146,152,148);border-style:none;border-width:3px;"
+               "border-image:url(:/gui/button/blank_normal.png) 3 stretch;font-size:12px;}"
+               "QPushButton::hover{color:#d0d0d0;}"
+               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+               "background-color:rgb(47,47,47);color:rgb(228,228,228);font-size:10px;}"
+               "QPushButton::checked      {color:rgb(228,228,228);}"
+               "QPushButton::checked:hover{color:rgb(255,255,255);}"
+               "QPushButton::checked      {color:rgb(228,228,228);}"
+               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+    QTest::newRow("round: its own base, flat's pieces")
+        << "round" << true << true << "header"
+        << "left" << 9 << false
+        << QStringLiteral("QPushButton{color:rgb(146,152,148);border:1px solid rgb(75,75,75);"
+                          "background-color:rgb(68,68,68);border-radius:5px;font-size:12px;}"
+                          "QPushButton::checked{color:#d0d0d0;border:1px solid rgb(120,120,120);"
+                          "background-color:rgb(113,113,113);}"
+                          "QPushButton::hover{color:#d0d0d0;border:1px solid rgb(120,120,120);"
+                          "background-color:rgb(133,133,133);}"
+                          "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+                          "background-color:rgb(47,47,47);color:rgb(228,228,228);font-size:10px;}"
+                          "QPushButton::checked      {color:rgb(228,228,228);}"
+                          "QPushButton::checked:hover{color:rgb(255,255,255);}"
+                          "QPushButton::checked      {color:rgb(228,228,228);}"
+                          "QPushButton::disabled{color:rgba(129,136,133,50%);}");
 }
 
-void tst_button_dark::sheet_follows_flags()
+// The whole sheet, pieces in their order, for each subclass and the settings that
+// fill its placeholders.
+void tst_button_dark::whole_sheets()
 {
+    QFETCH(QString, kind);
     QFETCH(bool, checked_style);
     QFETCH(bool, pressed_style);
-    QFETCH(bool, frame);
-    QFETCH(bool, highlight);
     QFETCH(QString, base);
     QFETCH(QString, alignment);
     QFETCH(int, padding);
+    QFETCH(bool, coloured);
+    QFETCH(QString, sheet);
 
-    orn::button_dark b(QStringLiteral("text"));
-    b.set_style_flags(frame, checked_style, highlight, pressed_style);
-    b.set_image_base(base);
-    b.set_text_alignment(alignment);
-    b.set_padding(padding);
-    const QString sheet = b.styleSheet();
-
-    QVERIFY2(!has_placeholder(sheet), qPrintable(sheet));
-    QCOMPARE(sheet.contains(QLatin1String("QPushButton::checked{")), checked_style);
-    QCOMPARE(sheet.contains(QLatin1String("QPushButton::pressed{")), pressed_style);
-    QCOMPARE(sheet.count(QStringLiteral("url(:/gui/button/%1_pressed.png)").arg(base)),
-             int(checked_style) + int(pressed_style));
-    QCOMPARE(sheet.count(QLatin1String("_pressed.png")), int(checked_style) + int(pressed_style));
-
-    const QString block = first_block(sheet);
-    QVERIFY(block.contains(QStringLiteral("url(:/gui/button/%1_normal.png)").arg(base)));
-    QVERIFY(block.contains(QStringLiteral("text-align:%1;").arg(alignment)));
-    QCOMPARE(block.contains(QStringLiteral("padding-left: %1px;").arg(padding)), padding != 0);
-    QCOMPARE(block.contains(QStringLiteral("padding-right: %1px;").arg(padding)), padding != 0);
-    QVERIFY(block.contains(QLatin1String("padding: 0.25em 1em;")));
-    QVERIFY(sheet.contains(QLatin1String("QPushButton::disabled{color:rgba(129,136,133,50%);}")));
+    QScopedPointer<orn::button_dark> b(
+        kind == QLatin1String("flat")    ? new orn::button_dark_flat(QStringLiteral("text"))
+        : kind == QLatin1String("round") ? new orn::button_dark_round(QStringLiteral("text"))
+                                         : new orn::button_dark(QStringLiteral("text")));
+    b->set_style_flags(false, checked_style, true, pressed_style);
+    b->set_image_base(base);
+    b->set_text_alignment(alignment);
+    b->set_padding(padding);
+    if (coloured) {
+        b->set_text_color(pixel_argb(10, 20, 30, 40));
+    }
+    QCOMPARE(b->styleSheet(), sheet);
 }
 
+// Padding and colour share one place in the sheet; taking both back gives the
+// plain sheet again.
 void tst_button_dark::text_color_replaces_disabled_piece()
 {
     orn::button_dark plain(QStringLiteral("text"));
     orn::button_dark b(QStringLiteral("text"));
     b.set_text_color(pixel_argb(10, 20, 30, 40));
-    const QString sheet = b.styleSheet();
-    QVERIFY(first_block(sheet).contains(QLatin1String("color:rgba(10,20,30,40);")));
-    QVERIFY(sheet.contains(QLatin1String("QPushButton::disabled{color:rgba(10,20,30,50%);}")));
-    QVERIFY(!sheet.contains(QLatin1String("129,136,133")));
-    QVERIFY(!has_placeholder(sheet));
-
-    // Padding and colour share the one place in the sheet.
     b.set_padding(3);
     QVERIFY(first_block(b.styleSheet()).contains(QLatin1String("padding-left: 3px;")));
     QVERIFY(first_block(b.styleSheet()).contains(QLatin1String("color:rgba(10,20,30,40);")));

@@ -148,7 +148,7 @@ batch_conversion::outcome batch_conversion::convert_one(const preset_source& sou
         break;
     case intake_status::read_as_lua:
         ++read_as_lua_;
-        report_.warning(path, QStringLiteral("read as Lua, which the window would refuse: ") +
+        report_.warning(path, QStringLiteral("read as Lua, which the window would ") +
                                   intake.reason);
         break;
     case intake_status::unreadable:

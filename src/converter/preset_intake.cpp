@@ -7,6 +7,8 @@
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <exception>
@@ -55,7 +57,64 @@ preset_intake read_template_as_lua(const preset_source& source, const QString& w
     } catch (const std::exception& e) {
         return {intake_status::failed, QString::fromUtf8(e.what())};
     }
-    return {intake_status::read_as_lua, window_error};
+    return {intake_status::read_as_lua, QStringLiteral("refuse: ") + window_error};
+}
+
+// A value that the window's word scanner can only have taken from Lua it doesn't
+// know: a separator stuck to the value (`20;`), a string in single quotes or in
+// long brackets, a call with parentheses (`ZSTR("...")`). The scanner reads such a
+// file without failing, but into values that convert to nothing or to a wrong name.
+bool looks_misread(const QString& value)
+{
+    static const QRegularExpression call(QStringLiteral(R"(^[A-Za-z_]\w*\(\s*["'].*["']\s*\)$)"));
+    return value.endsWith(QLatin1Char(';')) ||
+           (value.size() >= 2 && value.startsWith(QLatin1Char('\'')) &&
+            value.endsWith(QLatin1Char('\''))) ||
+           value.startsWith(QLatin1String("[[")) || value.startsWith(QLatin1String("[=")) ||
+           call.match(value).hasMatch();
+}
+
+// The keys whose values the two readers fill differently; the preset's name counts
+// as its template key, "title".
+QStringList differing_keys(const preset_settings& window, const preset_settings& lua)
+{
+    QSet<QString> keys;
+    if (window.name != lua.name) {
+        keys << QStringLiteral("title");
+    }
+    QSet<QString> all(window.settings.keyBegin(), window.settings.keyEnd());
+    all.unite(QSet<QString>(lua.settings.keyBegin(), lua.settings.keyEnd()));
+    for (const QString& key : all) {
+        if (window.settings.value(key) != lua.settings.value(key) ||
+            window.settings.contains(key) != lua.settings.contains(key)) {
+            keys << key;
+        }
+    }
+    QStringList sorted(keys.begin(), keys.end());
+    std::sort(sorted.begin(), sorted.end());
+    return sorted;
+}
+
+// When the window's reading holds values it can only have misread, the file is
+// read as Lua too, and where the readings differ, Lua's is the one converted.
+preset_intake reread_misread_template(const preset_source& source, preset_settings& out)
+{
+    const bool suspicious = looks_misread(out.name) ||
+                            std::any_of(out.settings.cbegin(), out.settings.cend(), looks_misread);
+    if (!suspicious) {
+        return {};
+    }
+    preset_settings as_lua;
+    if (read_template_as_lua(source, QString(), as_lua).status != intake_status::read_as_lua) {
+        return {};
+    }
+    const QStringList keys = differing_keys(out, as_lua);
+    if (keys.isEmpty()) {
+        return {};
+    }
+    out = std::move(as_lua);
+    return {intake_status::read_as_lua,
+            QStringLiteral("misread: ") + keys.join(QLatin1String(", "))};
 }
 
 } // namespace
@@ -130,6 +189,8 @@ preset_intake take_in_preset(const preset_source& source, bool strict, preset_se
         if (intake.status == intake_status::failed) {
             return intake;
         }
+    } else if (is_template && !strict) {
+        intake = reread_misread_template(source, out);
     }
 
     if (is_template) {

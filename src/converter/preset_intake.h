@@ -50,7 +50,8 @@ enum class intake_status
 struct preset_intake
 {
     intake_status status = intake_status::read;
-    // unreadable, failed: why; read_as_lua: why the window's reader refused it;
+    // unreadable, failed: why; read_as_lua: whether the window's reader refused it
+    // ("refuse: " and its error) or misread it ("misread: " and the keys);
     // not_a_preset: what the file is instead.
     QString reason;
     // False for an .xmp whose Description has no attribute of the develop

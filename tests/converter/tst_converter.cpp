@@ -401,6 +401,12 @@ void tst_converter::one_file_data()
         << "1 converted, 0 skipped, 0 failed (1 template read as Lua)\n"
         << "warning: %1: read as Lua, which the window would refuse: Unexpected token type found. Expected token_type::comma, got token_type::str"
         << "Name=Zero'd";
+    QTest::newRow("Lua the window would misread is read as Lua") << "Warm.lrtemplate"
+        << QByteArray("s = {\n\ttitle = ZSTR(\"$$$/T/Warm=Warm\"),\n\ttype = \"Develop\",\n"
+                      "\tvalue = { settings = { ToneCurveName2012 = 'Linear', Contrast2012 = 20; }, },\n}\n") << none
+        << "1 converted, 0 skipped, 0 failed (1 template read as Lua)\n"
+        << "warning: %1: read as Lua, which the window would misread: Contrast2012, ToneCurveName2012, title"
+        << "Name=Warm";
     QTest::newRow("--strict: the window's reader alone") << "Zerod.lrtemplate" << lua_template << QStringList{"--strict"} << failed
         << "error: %1: can't be read as a preset: Unexpected token type found. Expected token_type::comma, got token_type::str" << "";
     QTest::newRow("bad Lua names its line") << "Open.lrtemplate" << develop_template("a = 1,\nb = \"open,\n") << none << failed

@@ -126,7 +126,7 @@ ls -l "$scratch/styles" >> "$out/titles.txt"
 # The conversion failure, shown over the real window by the manual program.
 kill $program
 known=""
-"$build/tests/manual/run_dialogs_manual" conversion &
+"$build/tools/manual/run_dialogs_manual" conversion &
 program=$!
 next_window "Preset conversion failed"
 shoot "$found" conversion_failed

@@ -215,12 +215,6 @@ bool sets_nothing(const QString& text, const char* neutral)
     return neutral_is_number ? ok && number == neutral_number : text == QLatin1String(neutral);
 }
 
-bool key_sets_nothing(const preset_settings& preset, const QString& key)
-{
-    const auto it = preset.settings.constFind(key);
-    return it == preset.settings.constEnd() || sets_nothing(it.value(), rule_of(key).neutral);
-}
-
 QStringList key_list(const char* keys)
 {
     return keys == nullptr ? QStringList() : QString::fromLatin1(keys).split(QLatin1Char(','));
@@ -258,6 +252,12 @@ bool is_lost(const preset_settings& preset, const QSet<QString>& read_keys, cons
 }
 
 } // namespace
+
+bool key_sets_nothing(const preset_settings& preset, const QString& key)
+{
+    const auto it = preset.settings.constFind(key);
+    return it == preset.settings.constEnd() || sets_nothing(it.value(), rule_of(key).neutral);
+}
 
 QVector<lost_group> lost_settings(const preset_settings& preset, const QSet<QString>& read_keys)
 {

@@ -20,6 +20,10 @@ struct lost_group
     QStringList keys; // sorted
 };
 
+// True when the preset doesn't hold `key`, or holds a value for it that sets
+// nothing: 0, false, an empty text, or the key's own neutral value.
+bool key_sets_nothing(const preset_settings& preset, const QString& key);
+
 // The groups in a fixed order of headings, empty ones left out; no groups when
 // nothing is lost. `read_keys` are the keys the conversion read (lut_set::convert_preset).
 QVector<lost_group> lost_settings(const preset_settings& preset, const QSet<QString>& read_keys);

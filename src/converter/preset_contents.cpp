@@ -1,5 +1,7 @@
 #include "converter/preset_contents.h"
 
+#include "convert/lost_settings.h"
+
 #include "preset/preset_settings.h"
 
 #include <QStringList>
@@ -118,7 +120,9 @@ QString style_body(const QString& document)
     return lines.join(QLatin1Char('\n'));
 }
 
-QString unmapped_settings(const preset_settings& preset, const QByteArray& bytes)
+namespace {
+
+QString held_settings(const preset_settings& preset, const QByteArray& bytes, bool only_effective)
 {
     QStringList items;
     QStringList keys;
@@ -129,7 +133,7 @@ QString unmapped_settings(const preset_settings& preset, const QByteArray& bytes
         }
     }
     for (auto it = preset.settings.constBegin(); it != preset.settings.constEnd(); ++it) {
-        if (is_descriptive(it.key())) {
+        if (is_descriptive(it.key()) || (only_effective && key_sets_nothing(preset, it.key()))) {
             continue;
         }
         if (const char* family = family_of(it.key())) {
@@ -145,4 +149,14 @@ QString unmapped_settings(const preset_settings& preset, const QByteArray& bytes
         items << QStringLiteral("%1 more").arg(keys.size() - listed_keys);
     }
     return joined(items);
+}
+
+} // namespace
+
+QString unmapped_settings(const preset_settings& preset, const QByteArray& bytes)
+{
+    // A switch left off ("ConvertToGrayscale = false") is no reason to name; but
+    // when nothing but such values is there, they are what the preset holds.
+    const QString effective = held_settings(preset, bytes, true);
+    return effective.isEmpty() ? held_settings(preset, bytes, false) : effective;
 }

@@ -432,10 +432,12 @@ void tst_converter::one_file_data()
 
     QTest::newRow("only a lens vignette") << "Vignette.lrtemplate" << develop_template("VignetteAmount = -30, VignetteMidpoint = 50,") << none << skipped
         << "warning: %1: skipped: nothing in it maps to a style (it holds only a lens vignette)" << "";
+    QTest::newRow("a switch left off is not named") << "Grain.lrtemplate" << develop_template("GrainAmount = 0, ConvertToGrayscale = false, VignetteAmount = -30,") << none << skipped
+        << "warning: %1: skipped: nothing in it maps to a style (it holds only a lens vignette)" << "";
     QTest::newRow("only the white-balance mode") << "Shot.lrtemplate" << develop_template("WhiteBalance = \"As Shot\", ProcessVersion = \"6.7\",") << none << skipped
         << "warning: %1: skipped: nothing in it maps to a style (it holds only the white-balance mode)" << "";
     QTest::newRow("only lens corrections and an unknown key") << "Lens.lrtemplate"
-        << develop_template("LensProfileEnable = 1, PerspectiveVertical = 5, AutoLateralCA = 1, orientation = \"AB\",") << none << skipped
+        << develop_template("LensProfileEnable = 1, PerspectiveVertical = 5, AutoLateralCA = 1, orientation = \"BC\",") << none << skipped
         << "warning: %1: skipped: nothing in it maps to a style (it holds only lens corrections and orientation)" << "";
     QTest::newRow("only local corrections") << "Local.lrtemplate"
         << develop_template("GradientBasedCorrections = {\n{\nCorrectionAmount = 1,\n},\n},") << none << skipped

@@ -491,16 +491,21 @@ void tst_converter::one_file()
 
 void tst_converter::control_characters_never_reach_the_terminal()
 {
-    // An ESC in a broken template's title reaches the reader's log line, and one in
-    // a file name every message about the file.
+    // An ESC, a byte that is no UTF-8 and a right-to-left override in a broken
+    // template's title reach the reader's log line, and an ESC in a file name every
+    // message about the file.
     const QString title = input(QStringLiteral("Title.lrtemplate"),
-                                "s = {\n\ttitle = \"Red \x1b[31mtitle\"\n\tvalue = 1,\n}\n");
+                                "s = {\n\ttitle = \"Red \x1b[31mtitle \xff\xe2\x80\xae\"\n"
+                                "\tvalue = 1,\n}\n");
     const QString name = input(QStringLiteral("Name\x1b]0;x\x07.xmp"), QByteArray());
     const run_result result = run({QStringLiteral("-o"), QStringLiteral("out"), title, name});
     QCOMPARE(result.exit_code, 1);
     QVERIFY2(!result.err.contains(QLatin1Char('\x1b')) && !result.err.contains(QLatin1Char('\x07')),
              qPrintable(result.err));
-    QVERIFY2(result.err.contains(QStringLiteral("Red \\x1b[31mtitle")), qPrintable(result.err));
+    QVERIFY2(!result.err.contains(QChar(0xfffd)) && !result.err.contains(QChar(0x202e)),
+             qPrintable(result.err));
+    QVERIFY2(result.err.contains(QStringLiteral("Red \\x1b[31mtitle \\ufffd\\u202e")),
+             qPrintable(result.err));
     QVERIFY2(result.err.contains(QStringLiteral("Name\\x1b]0;x\\x07.xmp: not a develop preset")),
              qPrintable(result.err));
 }

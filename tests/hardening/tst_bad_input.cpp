@@ -30,15 +30,7 @@ const QByteArray small_template = "s = {\n"
                                   "\t},\n"
                                   "}\n";
 
-const QByteArray small_xmp =
-    "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-    " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-    "  <rdf:Description rdf:about=\"\" "
-    "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:Exposure2012=\"+0.50\">\n"
-    "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">Warm</rdf:li></rdf:Alt></crs:Name>\n"
-    "  </rdf:Description>\n"
-    " </rdf:RDF>\n"
-    "</x:xmpmeta>\n";
+const QByteArray small_xmp = test_support::xmp_preset("Warm");
 
 QByteArray junk(int size, unsigned seed)
 {

@@ -293,8 +293,6 @@ void tst_bad_input::numbers_in_every_key_data()
     QTest::newRow("nan") << QByteArray("nan") << "UsmAmount=nan";
     QTest::newRow("inf") << QByteArray("inf") << "Exposure=4.000000";
     QTest::newRow("-inf") << QByteArray("-inf") << "Exposure=-4.000000";
-    QTest::newRow("1e38") << QByteArray("1e38") << "Exposure=4.000000";
-    QTest::newRow("-1e38") << QByteArray("-1e38") << "Exposure=-4.000000";
     QTest::newRow("-0 prints without sign") << QByteArray("-0") << "Exposure=0.000000";
     QTest::newRow("40 digits count as absent")
         << QByteArray("1234567890123456789012345678901234567890") << "ClarityMethod=";

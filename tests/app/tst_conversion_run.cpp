@@ -31,23 +31,11 @@ const QMap<QString, QString> kind_titles{{"wb", "White balance modified by prese
 
 QByteArray xmp_preset(const QByteArray& name, const QStringList& kinds = {})
 {
-    QByteArray attributes;
+    QByteArray attributes = "crs:Contrast2012=\"12\"";
     for (const QString& kind : kinds) {
         attributes += " crs:" + kind_values.value(kind);
     }
-    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-           " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-           "  <rdf:Description rdf:about=\"\" "
-           "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n"
-           "   crs:Exposure2012=\"+0.50\" crs:Contrast2012=\"12\"" +
-           attributes +
-           ">\n"
-           "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-           name +
-           "</rdf:li></rdf:Alt></crs:Name>\n"
-           "  </rdf:Description>\n"
-           " </rdf:RDF>\n"
-           "</x:xmpmeta>\n";
+    return test_support::xmp_preset(name, attributes);
 }
 
 // A braced template; an empty title leaves the title line out.
@@ -60,20 +48,8 @@ QByteArray template_preset(const QByteArray& title, const QByteArray& settings)
 
 const QByteArray broken_template = "s = {\n\ttitle = \"Broken\"\n\tvalue = 1,\n}\n";
 
-QByteArray read_all(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QByteArray without_uuid_line(const QByteArray& document)
-{
-    QList<QByteArray> lines = document.split('\n');
-    lines.erase(std::remove_if(lines.begin(), lines.end(),
-                               [](const QByteArray& line) { return line.contains("K=\"UUID\""); }),
-                lines.end());
-    return lines.join('\n');
-}
+using test_support::read_all;
+using test_support::without_uuid;
 
 // Queues the replies in order: a button's text, or "cancel" for a box or dialog
 // that goes away without an answer.
@@ -605,8 +581,7 @@ void tst_conversion_run::window_writes_what_the_converter_writes()
     for (const QString& style : styles) {
         const QByteArray window_document = read_all(out() + "/" + style);
         QVERIFY(window_document.contains("K=\"UUID\""));
-        QCOMPARE(without_uuid_line(window_document),
-                 without_uuid_line(read_all(converted + "/" + style)));
+        QCOMPARE(without_uuid(window_document), without_uuid(read_all(converted + "/" + style)));
     }
 }
 

@@ -1,21 +1,14 @@
-#include "convert/lut_set.h"
+#include "converted_entries.h"
 #include "support/test_support.h"
 
 #include <QtTest>
 
+using converted_entries::convert;
 using test_support::document_entries;
 using test_support::document_value;
 using test_support::preset_with;
 
 namespace {
-
-QString convert(const preset_settings& preset, const QString& colour_space)
-{
-    const lut_set luts;
-    QString out;
-    const bool converted = luts.convert_preset(preset, &out, colour_space);
-    return converted ? out : QString();
-}
 
 const QRegularExpression
     uuid_form(QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}$"));

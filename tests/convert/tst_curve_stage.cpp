@@ -126,6 +126,26 @@ void tst_curve_stage::writes_curves_data()
         "identity | identity");
     row("descending x kept", "raw", " | 255,255 128,50 0,0 | |",
         "identity | 255,255 128,50 0,0 | identity | identity");
+    // Three generated presets whose expected documents came from an independent
+    // computation; each shows a rounding that a plausible rewrite would change.
+    row("master resampled at one of its own points", "raw",
+        "0,7 98,36 146,221 255,259 | | | -6,236 45,183 67,253 132,234 169,47 231,88 255,162",
+        "0,3 97,47 106,93 114,113 121,123 128,152 136,140 146,224 255,255 | "
+        "0,0 97,82 106,76 114,95 121,121 128,128 136,180 146,155 255,255 | "
+        "0,0 97,82 106,76 114,95 121,121 128,128 136,180 146,155 255,255 | "
+        "0,98 97,220 106,255 114,255 121,246 128,57 136,0 146,0 255,162",
+        {out_of_range("GradationCurveBlue", "QPoint(146,-3)"),
+         "Applying offset 6 at QPoint(255,255) is resulting in out of range value 261."});
+    row("spline terms added in their written order", "raw",
+        "0,44 128,131 255,216 | 0,127 150,100 185,248 255,66 | |",
+        "0,13 28,28 75,75 122,116 169,171 217,216 255,232 | "
+        "0,0 28,9 75,4 122,28 169,140 217,255 255,255 | "
+        "0,8 28,51 75,93 122,132 169,156 217,191 255,238 | "
+        "0,8 28,51 75,93 122,132 169,156 217,191 255,238");
+    row("channel end points rounded, not truncated", "raw",
+        "0,2 65,56 133,134 196,204 255,249 | | 0,5 137,122 255,244 |",
+        "0,1 65,57 133,134 196,204 255,249 | identity | "
+        "0,2 37,36 72,66 101,90 127,113 154,138 183,168 219,205 255,244 | identity");
     row("y far outside is cut with warnings", "prophoto", " | 0,-1000 128,5000 255,255 | |",
         "identity | 0,0 128,255 255,255 | identity | identity",
         {out_of_range("GradationCurveRed", "QPoint(0,-500)"),

@@ -27,11 +27,7 @@ const QList<QPair<QString, QString>> colour_spaces{
     {QStringLiteral("unknown-sRGB"), QStringLiteral("sRGB")},
 };
 
-QByteArray read_all(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using test_support::read_all;
 
 const QRegularExpression uuid_entry(QStringLiteral("<E K=\"UUID\" V=\"([^\"]*)\"/>"));
 const QRegularExpression

@@ -14,22 +14,16 @@ QByteArray develop_template(const QByteArray& settings)
            settings + "\n\t\t},\n\t\tuuid = \"0F1E\",\n\t},\n}\n";
 }
 
-// A develop preset with `attributes` on its Description and `children` in it; a
-// photo's EXIF namespace is declared too.
+// A develop preset with the bookkeeping keys a saved preset carries, `attributes`
+// on its Description and `children` in it; a photo's EXIF namespace is declared too.
 QByteArray xmp_preset(const QByteArray& attributes, const QByteArray& children = QByteArray())
 {
-    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-           " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-           "  <rdf:Description rdf:about=\"\"\n"
-           "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n"
-           "    xmlns:exif=\"http://ns.adobe.com/exif/1.0/\"\n"
-           "    crs:Version=\"15.0\" crs:ProcessVersion=\"11.0\" crs:HasSettings=\"True\"\n"
-           "    crs:UUID=\"0F1E\" crs:Exposure2012=\"+0.50\" " +
-           attributes + ">\n" + children +
-           "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">N</rdf:li></rdf:Alt></crs:Name>\n"
-           "  </rdf:Description>\n"
-           " </rdf:RDF>\n"
-           "</x:xmpmeta>\n";
+    return test_support::xmp_preset("N",
+                                    "xmlns:exif=\"http://ns.adobe.com/exif/1.0/\" "
+                                    "crs:Version=\"15.0\" crs:ProcessVersion=\"11.0\" "
+                                    "crs:HasSettings=\"True\" crs:UUID=\"0F1E\" " +
+                                        attributes,
+                                    children);
 }
 
 using run_result = test_support::process_result;

@@ -13,22 +13,8 @@
 namespace {
 
 using test_support::archive_entry;
-
-const QByteArray braced_template = "s = {\n\ttitle = \"Warm\",\n\tvalue = {\n\t\tsettings = {\n"
-                                   "\t\t\tExposure2012 = 0.5,\n\t\t\tContrast2012 = 20,\n"
-                                   "\t\t},\n\t},\n}\n";
-
-QByteArray xmp_preset(const QByteArray& name)
-{
-    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-           " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-           "  <rdf:Description rdf:about=\"\" "
-           "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n"
-           "   crs:Exposure2012=\"+0.50\" crs:Clarity2012=\"12\" crs:Vibrance=\"-8\">\n"
-           "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-           name +
-           "</rdf:li></rdf:Alt></crs:Name>\n  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n";
-}
+using test_support::warm_template;
+using test_support::xmp_preset;
 
 // What an entry holds, chosen by its name: presets by suffix, "Big.xmp" many
 // megabytes of zeros (a few kilobytes packed), anything else a line of text.
@@ -42,7 +28,7 @@ QByteArray contents_for(const QString& name)
         return xmp_preset(QFileInfo(name).completeBaseName().toUtf8());
     }
     if (suffix == QLatin1String("lrtemplate")) {
-        return braced_template;
+        return warm_template;
     }
     return "not a preset\n";
 }
@@ -287,7 +273,7 @@ void tst_preset_packs::packs_in_folders_and_collisions_with_files()
     QVERIFY(QDir().mkpath(folder + QStringLiteral("/deeper")));
     QVERIFY(test_support::write_archive(folder + QStringLiteral("/deeper/Looks.ZIP"),
                                         {{QStringLiteral("Set/Warm.xmp"), xmp_preset("Packed")}}));
-    test_support::write_file(folder, QStringLiteral("Warm.lrtemplate"), braced_template);
+    test_support::write_file(folder, QStringLiteral("Warm.lrtemplate"), warm_template);
     const run_result result =
         run({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("in")});
     QCOMPARE(result.out, QStringLiteral("2 converted, 0 skipped, 0 failed\n"));
@@ -319,7 +305,7 @@ void tst_preset_packs::failed_flush_fails_the_batch()
     QFETCH(QStringList, options);
     QFETCH(QString, folder);
     const QString preset =
-        test_support::write_file(dir_->path(), QStringLiteral("Warm.lrtemplate"), braced_template);
+        test_support::write_file(dir_->path(), QStringLiteral("Warm.lrtemplate"), warm_template);
     const QString archive = dir_->filePath(QStringLiteral("Pack.zip"));
     QVERIFY(
         test_support::write_archive(archive, {{QStringLiteral("Cool.xmp"), xmp_preset("Cool")}}));

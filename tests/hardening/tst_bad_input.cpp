@@ -30,15 +30,7 @@ const QByteArray small_template = "s = {\n"
                                   "\t},\n"
                                   "}\n";
 
-const QByteArray small_xmp =
-    "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-    " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-    "  <rdf:Description rdf:about=\"\" "
-    "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:Exposure2012=\"+0.50\">\n"
-    "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">Warm</rdf:li></rdf:Alt></crs:Name>\n"
-    "  </rdf:Description>\n"
-    " </rdf:RDF>\n"
-    "</x:xmpmeta>\n";
+const QByteArray small_xmp = test_support::xmp_preset("Warm");
 
 QByteArray junk(int size, unsigned seed)
 {
@@ -301,8 +293,6 @@ void tst_bad_input::numbers_in_every_key_data()
     QTest::newRow("nan") << QByteArray("nan") << "UsmAmount=nan";
     QTest::newRow("inf") << QByteArray("inf") << "Exposure=4.000000";
     QTest::newRow("-inf") << QByteArray("-inf") << "Exposure=-4.000000";
-    QTest::newRow("1e38") << QByteArray("1e38") << "Exposure=4.000000";
-    QTest::newRow("-1e38") << QByteArray("-1e38") << "Exposure=-4.000000";
     QTest::newRow("-0 prints without sign") << QByteArray("-0") << "Exposure=0.000000";
     QTest::newRow("40 digits count as absent")
         << QByteArray("1234567890123456789012345678901234567890") << "ClarityMethod=";

@@ -92,6 +92,26 @@ preset_settings preset_with(std::initializer_list<std::pair<const char*, const c
     return preset;
 }
 
+const QByteArray warm_template = "s = {\n\ttitle = \"Warm\",\n\tvalue = {\n\t\tsettings = {\n"
+                                 "\t\t\tExposure2012 = 0.5,\n\t\t\tContrast2012 = 20,\n"
+                                 "\t\t},\n\t},\n}\n";
+
+QByteArray xmp_preset(const QByteArray& name, const QByteArray& attributes,
+                      const QByteArray& children)
+{
+    return "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+           " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+           "  <rdf:Description rdf:about=\"\" "
+           "xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n"
+           "   crs:Exposure2012=\"+0.50\" " +
+           attributes + ">\n" + children + "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">" +
+           name +
+           "</rdf:li></rdf:Alt></crs:Name>\n"
+           "  </rdf:Description>\n"
+           " </rdf:RDF>\n"
+           "</x:xmpmeta>\n";
+}
+
 QStringList document_entries(const QString& document)
 {
     QStringList entries;

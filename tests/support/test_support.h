@@ -2,6 +2,7 @@
 
 #include "preset/preset_settings.h"
 
+#include <QByteArray>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
@@ -44,6 +45,14 @@ void set_colour_space(const QString& colour_space);
 
 // A preset with these settings and nothing else.
 preset_settings preset_with(std::initializer_list<std::pair<const char*, const char*>> entries);
+
+// A braced develop template titled "Warm", with an exposure and a contrast.
+extern const QByteArray warm_template;
+
+// An XMP develop preset named `name` with an exposure of +0.50, `attributes` after it
+// on the Description and `children` before the name.
+QByteArray xmp_preset(const QByteArray& name, const QByteArray& attributes = QByteArray(),
+                      const QByteArray& children = QByteArray());
 
 // The values of a style document, key by key, in document order: "K=V".
 QStringList document_entries(const QString& document);

@@ -11,7 +11,6 @@
 
 #include "app/app_resources.h"
 #include "app/main_window.h"
-#include "orn/widget_layer.h"
 #include "support/modal_answerer.h"
 
 #include <QApplication>
@@ -115,7 +114,6 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setApplicationName(QStringLiteral("Lookwright"));
-    orn::install_widget_layer();
     init_lookwright_resources();
     const int runs = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 5;
 

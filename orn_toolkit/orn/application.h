@@ -1,7 +1,5 @@
 #pragma once
 
-#include "orn/widget_layer.h"
-
 #include <QApplication>
 #include <QPointer>
 
@@ -14,7 +12,7 @@ template<typename W>
 class application : public QApplication
 {
 public:
-    application(int& argc, char** argv) : QApplication(argc, argv) { install_widget_layer(); }
+    application(int& argc, char** argv) : QApplication(argc, argv) {}
 
     QPointer<W> window;
 

@@ -82,8 +82,7 @@ void batch_conversion::convert_recorded(const preset_source& source, batch_summa
     }
 }
 
-void batch_conversion::fail_recorded(const QString& name, const QString& reason,
-                                     batch_summary& summary)
+void batch_conversion::fail(const QString& name, const QString& reason, batch_summary& summary)
 {
     if (losses_ != nullptr) {
         losses_->open(name);
@@ -121,7 +120,7 @@ void batch_conversion::convert_pack(const QString& path, batch_summary& summary)
             convert_recorded(source, summary);
             break;
         case pack_entry::status::refused:
-            fail_recorded(source.name, entry.error, summary);
+            fail(source.name, entry.error, summary);
             break;
         case pack_entry::status::nested_archive:
             report_.warning(source.name,
@@ -131,7 +130,7 @@ void batch_conversion::convert_pack(const QString& path, batch_summary& summary)
         }
     });
     if (!failure.isEmpty()) {
-        fail_recorded(path, failure, summary);
+        fail(path, failure, summary);
     } else if (entries == 0) {
         report_.warning(path, QStringLiteral("holds no .xmp or .lrtemplate presets"));
     }
@@ -148,8 +147,8 @@ batch_conversion::outcome batch_conversion::convert_one(const preset_source& sou
         break;
     case intake_status::read_as_lua:
         ++read_as_lua_;
-        report_.warning(path, QStringLiteral("read as Lua, which the window would ") +
-                                  intake.reason);
+        report_.warning(path,
+                        QStringLiteral("read as Lua, which the window would ") + intake.reason);
         break;
     case intake_status::unreadable:
         report_.error(path, QStringLiteral("can't be read: ") + intake.reason);

@@ -43,6 +43,10 @@ public:
     // What became of each preset goes to `losses` as well (--report).
     void record_in(loss_report* losses) { losses_ = losses; }
 
+    // A preset (or archive) that failed before it could be read, said, counted and
+    // recorded.
+    void fail(const QString& name, const QString& reason, batch_summary& summary);
+
 private:
     enum class outcome
     {
@@ -54,8 +58,6 @@ private:
     outcome convert_one(const preset_source& source);
     // convert_one, counted, and its outcome recorded for the report.
     void convert_recorded(const preset_source& source, batch_summary& summary);
-    // A preset (or archive) that failed before it could be read, said and recorded.
-    void fail_recorded(const QString& name, const QString& reason, batch_summary& summary);
     // Names what of the preset its style doesn't carry, in -v's log and the report.
     void tell_losses(const QString& path, const preset_settings& preset,
                      const QSet<QString>& read_keys);

@@ -123,16 +123,13 @@ int main(int argc, char** argv)
     if (reporting) {
         report.record_in(&losses);
     }
+    batch_conversion batch(options, report);
+    batch.record_in(reporting ? &losses : nullptr);
     batch_summary summary;
     for (const QString& missing : inputs.missing) {
-        losses.open(missing);
-        losses.set_outcome(missing, QStringLiteral("failed"));
-        report.error(missing, QStringLiteral("no such file or folder"));
-        ++summary.failed;
+        batch.fail(missing, QStringLiteral("no such file or folder"), summary);
     }
     if (output_ready) {
-        batch_conversion batch(options, report);
-        batch.record_in(reporting ? &losses : nullptr);
         const batch_summary converted = batch.run(inputs.files);
         summary.converted = converted.converted;
         summary.skipped = converted.skipped;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 
 namespace {
 
@@ -45,8 +46,8 @@ QString template_type(const preset_settings& preset)
     return type;
 }
 
-preset_intake read_template_as_lua(const preset_source& source, const QString& window_error,
-                                   preset_settings& out)
+// Reads the template as Lua into a fresh `out`; Lua's error when it can't.
+std::optional<QString> load_as_lua(const preset_source& source, preset_settings& out)
 {
     out = preset_settings();
     try {
@@ -55,9 +56,9 @@ preset_intake read_template_as_lua(const preset_source& source, const QString& w
             load_lua_template_from(out, *device);
         }
     } catch (const std::exception& e) {
-        return {intake_status::failed, QString::fromUtf8(e.what())};
+        return QString::fromUtf8(e.what());
     }
-    return {intake_status::read_as_lua, QStringLiteral("refuse: ") + window_error};
+    return std::nullopt;
 }
 
 // A value that the window's word scanner can only have taken from Lua it doesn't
@@ -105,7 +106,7 @@ preset_intake reread_misread_template(const preset_source& source, preset_settin
         return {};
     }
     preset_settings as_lua;
-    if (read_template_as_lua(source, QString(), as_lua).status != intake_status::read_as_lua) {
+    if (load_as_lua(source, as_lua)) {
         return {};
     }
     const QStringList keys = differing_keys(out, as_lua);
@@ -185,10 +186,10 @@ preset_intake take_in_preset(const preset_source& source, bool strict, preset_se
         if (strict || !is_template) {
             return {intake_status::failed, read.error};
         }
-        intake = read_template_as_lua(source, read.error, out);
-        if (intake.status == intake_status::failed) {
-            return intake;
+        if (const std::optional<QString> lua_error = load_as_lua(source, out)) {
+            return {intake_status::failed, *lua_error};
         }
+        intake = {intake_status::read_as_lua, QStringLiteral("refuse: ") + read.error};
     } else if (is_template && !strict) {
         intake = reread_misread_template(source, out);
     }
@@ -201,7 +202,7 @@ preset_intake take_in_preset(const preset_source& source, bool strict, preset_se
         }
     } else {
         const std::unique_ptr<QIODevice> device = source.open();
-        const xmp_outline outline = outline_xmp_from(*device);
+        const xmp_outline outline = outline_xmp(*device);
         if (!outline.missing_element.isEmpty()) {
             return {intake_status::not_a_preset,
                     QStringLiteral("no %1 element where an XMP preset has one")

@@ -2,7 +2,7 @@
 
 #include "preset/xml_cost_guard.h"
 
-#include <QFile>
+#include <QIODevice>
 #include <QXmlStreamReader>
 
 namespace {
@@ -12,18 +12,7 @@ const QLatin1String develop_namespace("http://ns.adobe.com/camera-raw-settings/1
 
 } // namespace
 
-xmp_outline outline_xmp(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        xmp_outline outline;
-        outline.missing_element = QStringLiteral("xmpmeta");
-        return outline;
-    }
-    return outline_xmp_from(file);
-}
-
-xmp_outline outline_xmp_from(QIODevice& device)
+xmp_outline outline_xmp(QIODevice& device)
 {
     xmp_outline outline;
     // The same guarded parse as the reader's, so that both stop at the same place.

@@ -20,9 +20,6 @@ struct xmp_outline
     bool has_develop_attributes = false;
 };
 
-// Reads the start of the file at `path` as the XMP reader does. A file that can't
-// be opened misses "xmpmeta".
-xmp_outline outline_xmp(const QString& path);
-
-// The same from a device open for reading, at its start.
-xmp_outline outline_xmp_from(QIODevice& device);
+// Reads the start of a preset as the XMP reader does, from a device open for
+// reading at its start.
+xmp_outline outline_xmp(QIODevice& device);

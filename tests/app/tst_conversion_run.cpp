@@ -4,7 +4,6 @@
 #include "app/app_resources.h"
 #include "app/main_window.h"
 #include "app/run_dialogs.h"
-#include "orn/widget_layer.h"
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
 
@@ -100,7 +99,6 @@ private:
 
 void tst_conversion_run::initTestCase()
 {
-    orn::install_widget_layer();
     init_lookwright_resources();
     test_support::use_test_settings();
 }

@@ -1,7 +1,6 @@
 #include "app/dialog_settings.h"
 
 #include "orn/current_language.h"
-#include "orn/widget_layer.h"
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
 
@@ -102,10 +101,7 @@ private slots:
     void the_question_quits_on_quit_now();
 };
 
-void tst_dialog_settings::initTestCase()
-{
-    orn::install_widget_layer();
-}
+void tst_dialog_settings::initTestCase() {}
 
 void tst_dialog_settings::init()
 {
@@ -273,7 +269,6 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     if (argc == 3 && std::strcmp(argv[1], "--german-visit") == 0) {
         test_support::use_test_settings();
-        orn::install_widget_layer();
         choices steps;
         for (const QString& lang : QString::fromLatin1(argv[2]).split(',')) {
             steps << qMakePair(2, lang);

@@ -2,7 +2,6 @@
 #include "app/catalogues.h"
 #include "app/main_window.h"
 
-#include "orn/widget_layer.h"
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
 
@@ -36,7 +35,6 @@ private:
 void tst_german_start::initTestCase()
 {
     init_lookwright_resources();
-    orn::install_widget_layer();
     test_support::use_test_settings();
     QSettings().setValue(QStringLiteral("lang"), QStringLiteral("de"));
     QCOMPARE(install_catalogues(QStringLiteral("de")), QStringList());

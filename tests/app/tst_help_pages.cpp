@@ -1,7 +1,6 @@
 #include "app/app_resources.h"
 #include "app/main_window.h"
 
-#include "orn/widget_layer.h"
 #include "support/test_support.h"
 
 #include <QDesktopServices>
@@ -42,7 +41,6 @@ private:
 void tst_help_pages::initTestCase()
 {
     init_lookwright_resources();
-    orn::install_widget_layer();
 }
 
 void tst_help_pages::init()

@@ -2,7 +2,6 @@
 #include "app/main_window.h"
 #include "orn/application_log.h"
 #include "orn/component_versions.h"
-#include "orn/widget_layer.h"
 
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
@@ -41,7 +40,6 @@ private slots:
 void tst_log_shortcuts::keys_open_the_log_and_the_identity_box()
 {
     init_lookwright_resources();
-    orn::install_widget_layer();
     test_support::use_test_settings();
     auto log = std::make_unique<orn::application_log>(qApp);
     MainWindow window(nullptr);

@@ -3,7 +3,6 @@
 #include "orn/button_dark.h"
 #include "orn/clickable_label.h"
 #include "orn/lineedit.h"
-#include "orn/widget_layer.h"
 
 #include "support/modal_answerer.h"
 #include "support/test_support.h"
@@ -58,7 +57,6 @@ orn::button_dark* button_with_tip(const MainWindow& window, const QString& tip)
 void tst_main_window::initTestCase()
 {
     init_lookwright_resources();
-    orn::install_widget_layer();
 }
 
 void tst_main_window::init()

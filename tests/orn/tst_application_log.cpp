@@ -1,6 +1,5 @@
 #include "orn/application_log.h"
 #include "orn/network_report.h"
-#include "orn/widget_layer.h"
 #include "support/modal_answerer.h"
 
 #include <QApplication>
@@ -58,7 +57,6 @@ private:
 
 void tst_application_log::initTestCase()
 {
-    orn::install_widget_layer();
     QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
     main_name = QCoreApplication::applicationName();
     QVERIFY(home.isValid());

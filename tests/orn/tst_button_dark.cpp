@@ -1,7 +1,6 @@
 #include "orn/button_dark.h"
 #include "orn/button_dark_flat.h"
 #include "orn/button_dark_round.h"
-#include "orn/widget_layer.h"
 
 #include <QButtonGroup>
 #include <QPainter>
@@ -87,7 +86,6 @@ private slots:
 
 void tst_button_dark::initTestCase()
 {
-    orn::install_widget_layer();
     QVERIFY(temp_dir().isValid());
 }
 
@@ -102,75 +100,60 @@ void tst_button_dark::whole_sheets_data()
     QTest::addColumn<bool>("coloured");
     QTest::addColumn<QString>("sheet");
 
+    // The sheets as the design spells them: %1 image, %2 alignment, %3 padding and
+    // colour in the dark base; pieces appended in their order.
+    const QString dark =
+        QStringLiteral("QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
+                       "border-image:url(:/gui/button/%1_normal.png) 3 stretch;text-align:%2;%3;"
+                       "background:transparent;padding: 0.25em 1em;}"
+                       "QPushButton::hover{color:#f0f0f0;}"
+                       "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+                       "background-color:rgb(47,47,47);}");
+    const QString checked =
+        QStringLiteral("QPushButton::checked{border-style:none;border-width:3px;"
+                       "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}");
+    const QString pressed =
+        QStringLiteral("QPushButton::pressed{border-style:none;border-width:3px;"
+                       "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}");
+    const QString grey = QStringLiteral("QPushButton::disabled{color:rgba(129,136,133,50%);}");
+    const QString tool_tip =
+        QStringLiteral("QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+                       "background-color:rgb(47,47,47);color:rgb(228,228,228);font-size:10px;}");
+    const QString flat_pieces =
+        QStringLiteral("QPushButton::checked      {color:rgb(228,228,228);}"
+                       "QPushButton::checked:hover{color:rgb(255,255,255);}"
+                       "QPushButton::checked      {color:rgb(228,228,228);}");
+
     QTest::newRow("dark, both pieces")
         << "dark" << true << true << "dark"
         << "center" << 0 << false
-        << QStringLiteral(
-               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/dark_normal.png) 3 stretch;text-align:center;;"
-               "background:transparent;padding: 0.25em 1em;}"
-               "QPushButton::hover{color:#f0f0f0;}"
-               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
-               "background-color:rgb(47,47,47);}"
-               "QPushButton::checked{border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/dark_pressed.png) 3 stretch;}"
-               "QPushButton::pressed{border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/dark_pressed.png) 3 stretch;}"
-               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+        << dark.arg("dark", "center", "") + checked.arg("dark") + pressed.arg("dark") + grey;
     QTest::newRow("dark, header image, left, padding and colour, pressed piece only")
         << "dark" << false << true << "header"
         << "left" << 7 << true
-        << QStringLiteral(
-               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/header_normal.png) 3 stretch;text-align:left;"
-               "padding-left: 7px; padding-right: "
-               "7px;color:rgba(10,20,30,40);;background:transparent;"
-               "padding: 0.25em 1em;}"
-               "QPushButton::hover{color:#f0f0f0;}"
-               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
-               "background-color:rgb(47,47,47);}"
-               "QPushButton::pressed{border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/header_pressed.png) 3 stretch;}"
-               "QPushButton::disabled{color:rgba(10,20,30,50%);}");
+        << dark.arg("header", "left",
+                    "padding-left: 7px; padding-right: 7px;color:rgba(10,20,30,40);") +
+               pressed.arg("header") + "QPushButton::disabled{color:rgba(10,20,30,50%);}";
     QTest::newRow("dark, blank image, right, neither piece")
         << "dark" << false << false << "blank"
-        << "right" << 0 << false
-        << QStringLiteral(
-               "QPushButton{color:rgb(198,213,210);border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/blank_normal.png) 3 stretch;text-align:right;;"
-               "background:transparent;padding: 0.25em 1em;}"
-               "QPushButton::hover{color:#f0f0f0;}"
-               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
-               "background-color:rgb(47,47,47);}"
-               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+        << "right" << 0 << false << dark.arg("blank", "right", "") + grey;
     QTest::newRow("flat: nothing to fill, its own pieces")
         << "flat" << true << true << "header"
         << "left" << 9 << false
-        << QStringLiteral(
-               "QPushButton{color:rgb(146,152,148);border-style:none;border-width:3px;"
-               "border-image:url(:/gui/button/blank_normal.png) 3 stretch;font-size:12px;}"
-               "QPushButton::hover{color:#d0d0d0;}"
-               "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
-               "background-color:rgb(47,47,47);color:rgb(228,228,228);font-size:10px;}"
-               "QPushButton::checked      {color:rgb(228,228,228);}"
-               "QPushButton::checked:hover{color:rgb(255,255,255);}"
-               "QPushButton::checked      {color:rgb(228,228,228);}"
-               "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+        << "QPushButton{color:rgb(146,152,148);border-style:none;border-width:3px;"
+           "border-image:url(:/gui/button/blank_normal.png) 3 stretch;font-size:12px;}"
+           "QPushButton::hover{color:#d0d0d0;}" +
+               tool_tip + flat_pieces + grey;
     QTest::newRow("round: its own base, flat's pieces")
         << "round" << true << true << "header"
         << "left" << 9 << false
-        << QStringLiteral("QPushButton{color:rgb(146,152,148);border:1px solid rgb(75,75,75);"
-                          "background-color:rgb(68,68,68);border-radius:5px;font-size:12px;}"
-                          "QPushButton::checked{color:#d0d0d0;border:1px solid rgb(120,120,120);"
-                          "background-color:rgb(113,113,113);}"
-                          "QPushButton::hover{color:#d0d0d0;border:1px solid rgb(120,120,120);"
-                          "background-color:rgb(133,133,133);}"
-                          "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
-                          "background-color:rgb(47,47,47);color:rgb(228,228,228);font-size:10px;}"
-                          "QPushButton::checked      {color:rgb(228,228,228);}"
-                          "QPushButton::checked:hover{color:rgb(255,255,255);}"
-                          "QPushButton::checked      {color:rgb(228,228,228);}"
-                          "QPushButton::disabled{color:rgba(129,136,133,50%);}");
+        << "QPushButton{color:rgb(146,152,148);border:1px solid rgb(75,75,75);"
+           "background-color:rgb(68,68,68);border-radius:5px;font-size:12px;}"
+           "QPushButton::checked{color:#d0d0d0;border:1px solid rgb(120,120,120);"
+           "background-color:rgb(113,113,113);}"
+           "QPushButton::hover{color:#d0d0d0;border:1px solid rgb(120,120,120);"
+           "background-color:rgb(133,133,133);}" +
+               tool_tip + flat_pieces + grey;
 }
 
 // The whole sheet, pieces in their order, for each subclass and the settings that

@@ -1,5 +1,4 @@
 #include "orn/message_handler.h"
-#include "orn/widget_layer.h"
 
 #include "support/modal_answerer.h"
 

@@ -6,7 +6,6 @@
 //   log_window --channel NAME  shows the tab of that channel
 #include "orn/application_log.h"
 #include "orn/message_handler.h"
-#include "orn/widget_layer.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,7 +21,6 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("Lookwright"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
     QApplication app(argc, argv);
-    orn::install_widget_layer();
     QCommandLineParser parser;
     parser.addHelpOption();
     const QCommandLineOption filter_option(QStringLiteral("filter"),

@@ -25,7 +25,6 @@
 #include "orn/radio.h"
 #include "orn/style_scrollbars.h"
 #include "orn/textedit.h"
-#include "orn/widget_layer.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -712,7 +711,6 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orn_gallery"));
     QApplication::setApplicationVersion(QStringLiteral(LOOKWRIGHT_VERSION));
-    orn::install_widget_layer();
     auto* style = new orn::proxy_style;
     style->set_tooltip_delay(2000);
     // The application takes the style and deletes it at the end; the analyzer
